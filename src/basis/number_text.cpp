@@ -1,0 +1,230 @@
+#include "basis/number_text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+
+#include "basis/failure.h"
+
+namespace crownlab {
+namespace {
+
+/// Digits before or behind the point up to which fixed notation is kept.
+constexpr int kFixedDigits = 15;
+
+/// A number as 0.d1d2d3... times ten to the power of `Point`, without zeros at the end.
+struct Decimal {
+    std::array<char, 20> Digits{};
+    int Count = 0;
+    int Point = 0;
+};
+
+/// Takes apart the scientific text of a positive number ("1.2345e-07").
+Decimal SplitScientific(const char* first, const char* last) {
+    Decimal decimal;
+    const char* p = first;
+    for (; p != last && *p != 'e'; ++p) {
+        if (*p != '.' && decimal.Count < static_cast<int>(decimal.Digits.size())) {
+            decimal.Digits[static_cast<std::size_t>(decimal.Count++)] = *p;
+        }
+    }
+    int exponent = 0;
+    if (p != last) {
+        ++p;
+        const bool negative = *p == '-';
+        if (*p == '-' || *p == '+') ++p;
+        std::from_chars(p, last, exponent);
+        if (negative) exponent = -exponent;
+    }
+    while (decimal.Count > 1 && decimal.Digits[static_cast<std::size_t>(decimal.Count - 1)] == '0') --decimal.Count;
+    decimal.Point = exponent + 1;
+    return decimal;
+}
+
+/// Digits of a positive number at no more than `significant` digits. The shortest digits that read back
+/// the same are also the rounded ones wherever they are few enough, and are found much faster.
+template <typename Float>
+Decimal ToDecimal(Float value, int significant) {
+    std::array<char, 48> text;
+    auto result = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific);
+    Decimal decimal = SplitScientific(text.data(), result.ptr);
+    if (decimal.Count > significant) {
+        result = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific,
+                               significant - 1);
+        decimal = SplitScientific(text.data(), result.ptr);
+    }
+    return decimal;
+}
+
+char* AppendDigits(char* out, const Decimal& decimal, int from, int to) {
+    for (int i = from; i < to; ++i) *out++ = i < decimal.Count ? decimal.Digits[static_cast<std::size_t>(i)] : '0';
+    return out;
+}
+
+char* AppendExponentForm(char* out, const Decimal& decimal) {
+    *out++ = decimal.Digits[0];
+    if (decimal.Count > 1) {
+        *out++ = '.';
+        out = AppendDigits(out, decimal, 1, decimal.Count);
+    }
+    const int exponent = decimal.Point - 1;
+    *out++ = 'E';
+    *out++ = exponent < 0 ? '-' : '+';
+    const int size = std::abs(exponent);
+    if (size < 10) *out++ = '0';
+    return std::to_chars(out, out + 4, size).ptr;
+}
+
+char* AppendDecimal(char* out, const Decimal& decimal, bool zeroBeforePoint) {
+    const int behind = std::max(0, decimal.Count - decimal.Point);
+    if (decimal.Point > kFixedDigits || behind > kFixedDigits) return AppendExponentForm(out, decimal);
+    if (decimal.Point > 0) {
+        out = AppendDigits(out, decimal, 0, decimal.Point);
+    } else if (zeroBeforePoint) {
+        *out++ = '0';
+    }
+    if (behind > 0) {
+        *out++ = '.';
+        for (int i = decimal.Point; i < 0; ++i) *out++ = '0';
+        out = AppendDigits(out, decimal, std::max(0, decimal.Point), decimal.Count);
+    }
+    return out;
+}
+
+char* AppendText(char* out, const char* text) {
+    const std::size_t size = std::strlen(text);
+    std::memcpy(out, text, size);
+    return out + size;
+}
+
+template <typename Float>
+char* AppendNumber(char* out, Float value, int significant, bool zeroBeforePoint) {
+    if (std::isnan(value)) return AppendText(out, "NAN");
+    if (value < 0) {
+        *out++ = '-';
+        value = -value;
+    }
+    if (std::isinf(value)) return AppendText(out, "INF");
+    if (value == 0) {
+        *out++ = '0';
+        return out;
+    }
+    // Whole numbers are frequent (counts, patch numbers) and need no search for digits.
+    if (value < Float(1e6) && value == std::floor(value)) {
+        return std::to_chars(out, out + 8, static_cast<int>(value)).ptr;
+    }
+    return AppendDecimal(out, ToDecimal(value, significant), zeroBeforePoint);
+}
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// End of the number that starts at `p` behind a sign, or `p` if there is none.
+const char* NumberEnd(const char* p, const char* last) {
+    const char* const start = p;
+    int digits = 0;
+    for (; p != last && IsDigit(*p); ++p) ++digits;
+    if (p != last && *p == '.') {
+        ++p;
+        for (; p != last && IsDigit(*p); ++p) ++digits;
+    }
+    if (digits == 0) return start;
+    if (p != last && (*p == 'e' || *p == 'E')) {
+        const char* q = p + 1;
+        if (q != last && (*q == '-' || *q == '+')) ++q;
+        if (q != last && IsDigit(*q)) {
+            while (q != last && IsDigit(*q)) ++q;
+            p = q;
+        }
+    }
+    return p;
+}
+
+/// Whole powers of ten that a 64-bit float holds exactly.
+constexpr std::array<double, 23> kExactPowers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                              1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+/// Plain decimals whose digits fit 53 bits and whose point shift is an exact power of ten: one correctly
+/// rounded division then gives the nearest float (W. D. Clinger, "How to read floating point numbers
+/// accurately", 1990). Returns nullptr where that doesn't hold.
+const char* ScanPlainDecimal(const char* p, const char* last, double& value) {
+    constexpr int digitsThatFit = 15;
+    std::uint64_t mantissa = 0;
+    int digits = 0;
+    int decimals = 0;
+    for (; p != last && IsDigit(*p); ++p, ++digits) mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p - '0');
+    if (p != last && *p == '.') {
+        ++p;
+        const char* const behind = p;
+        for (; p != last && IsDigit(*p); ++p) mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p - '0');
+        decimals = static_cast<int>(p - behind);
+        digits += decimals;
+    }
+    if (digits == 0 || digits > digitsThatFit) return nullptr;
+    if (p != last && (*p == 'e' || *p == 'E')) return nullptr;
+    value = static_cast<double>(mantissa) / kExactPowers[static_cast<std::size_t>(decimals)];
+    return p;
+}
+
+}  // namespace
+
+char* AppendRecordText(char* buffer, double value) { return AppendNumber(buffer, value, 15, false); }
+
+char* AppendRecordText(char* buffer, long long value) {
+    return std::to_chars(buffer, buffer + kNumberTextMax, value).ptr;
+}
+
+std::string RecordText(double value) {
+    std::array<char, kNumberTextMax> buffer;
+    return {buffer.data(), AppendRecordText(buffer.data(), value)};
+}
+
+std::string RecordText(float value) {
+    std::array<char, kNumberTextMax> buffer;
+    return {buffer.data(), AppendNumber(buffer.data(), value, 7, false)};
+}
+
+std::string GeneralText(double value) {
+    std::array<char, kNumberTextMax> buffer;
+    return {buffer.data(), AppendNumber(buffer.data(), value, 15, true)};
+}
+
+const char* ScanNumber(const char* first, const char* last, double& value) {
+    const char* p = first;
+    bool negative = false;
+    if (p != last && (*p == '-' || *p == '+')) negative = *p++ == '-';
+    if (const char* const end = ScanPlainDecimal(p, last, value)) {
+        if (negative) value = -value;
+        return end;
+    }
+    const char* const end = NumberEnd(p, last);
+    if (end == p) return first;
+    const auto result = std::from_chars(p, end, value);
+    if (result.ec == std::errc::result_out_of_range) {
+        // from_chars leaves the value alone; tell a number too small from one too large by its text.
+        const char* const exponent = std::find_if(p, end, [](char c) { return c == 'e' || c == 'E'; });
+        const bool tiny = exponent != end ? exponent[1] == '-' : (p != end && (*p == '0' || *p == '.'));
+        value = tiny ? 0 : std::numeric_limits<double>::infinity();
+    }
+    if (negative) value = -value;
+    return end;
+}
+
+NumberPrefix ParseNumberPrefix(std::string_view text) {
+    const char* first = text.data();
+    const char* const last = first + text.size();
+    while (first != last && (*first == ' ' || *first == '\t')) ++first;
+    NumberPrefix prefix;
+    const char* const end = ScanNumber(first, last, prefix.Value);
+    if (end == first) return {};
+    if (std::isinf(prefix.Value)) throw Failure(FailureKind::Overflow, std::string(text));
+    prefix.Length = static_cast<std::size_t>(end - text.data());
+    return prefix;
+}
+
+double TextBoxNumber(std::string_view text) { return ParseNumberPrefix(text).Value; }
+
+}  // namespace crownlab
