@@ -1,0 +1,12 @@
+# Makes the samples anew in MADE and fails unless each equals the one in KEPT byte for byte.
+file(REMOVE_RECURSE ${MADE})
+execute_process(COMMAND ${PYTHON} -B ${KEPT}/make_samples.py ${MADE} RESULT_VARIABLE result)
+if(result)
+  message(FATAL_ERROR "The generator failed.")
+endif()
+foreach(name crown.csv teeth.csv scan.txt)
+  execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${MADE}/${name} ${KEPT}/${name} RESULT_VARIABLE result)
+  if(result)
+    message(FATAL_ERROR "${name} differs from the kept one; run tools/make-samples if the shape was changed.")
+  endif()
+endforeach()
