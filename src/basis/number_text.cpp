@@ -46,19 +46,24 @@ Decimal SplitScientific(const char* first, const char* last) {
     return decimal;
 }
 
+/// True if any decimal of up to 15 digits that reads back as `value` is also what `value` rounds to at 15
+/// digits. Below the smallest normal number, and for the 7 digits of a 32-bit float, that doesn't hold.
+bool ShortestIsRounded(double value) { return value >= std::numeric_limits<double>::min(); }
+bool ShortestIsRounded(float) { return false; }
+
 /// Digits of a positive number at no more than `significant` digits. The shortest digits that read back
-/// the same are also the rounded ones wherever they are few enough, and are found much faster.
+/// the same are found much faster, and are few enough for most numbers.
 template <typename Float>
 Decimal ToDecimal(Float value, int significant) {
     std::array<char, 48> text;
-    auto result = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific);
-    Decimal decimal = SplitScientific(text.data(), result.ptr);
-    if (decimal.Count > significant) {
-        result = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific,
-                               significant - 1);
-        decimal = SplitScientific(text.data(), result.ptr);
+    char* const last = text.data() + text.size();
+    if (ShortestIsRounded(value)) {
+        const auto shortest = std::to_chars(text.data(), last, value, std::chars_format::scientific);
+        const Decimal decimal = SplitScientific(text.data(), shortest.ptr);
+        if (decimal.Count <= significant) return decimal;
     }
-    return decimal;
+    const auto rounded = std::to_chars(text.data(), last, value, std::chars_format::scientific, significant - 1);
+    return SplitScientific(text.data(), rounded.ptr);
 }
 
 char* AppendDigits(char* out, const Decimal& decimal, int from, int to) {
@@ -164,6 +169,22 @@ const char* NumberEnd(const char* p, const char* last) {
     return p;
 }
 
+/// True if the unsigned decimal number in [p, end), which is beyond the range of 64-bit floats, is small
+/// rather than large: by the power of ten of its first digit that isn't 0.
+bool IsBelowOne(const char* p, const char* end) {
+    const char* const exponentMark = std::find_if(p, end, [](char c) { return c == 'e' || c == 'E'; });
+    const char* const point = std::find(p, exponentMark, '.');
+    const char* const leading = std::find_if(p, exponentMark, [](char c) { return c >= '1' && c <= '9'; });
+    const std::ptrdiff_t power = leading < point ? point - leading - 1 : point - leading;
+    if (exponentMark == end) return power < 0;
+    const char* const exponentText = exponentMark[1] == '+' ? exponentMark + 2 : exponentMark + 1;
+    std::int64_t exponent = 0;
+    // An exponent too long for any integer decides alone.
+    const auto read = std::from_chars(exponentText, end, exponent);
+    if (read.ec == std::errc::result_out_of_range) return *exponentText == '-';
+    return exponent < -power;
+}
+
 /// Whole powers of ten that a 64-bit float holds exactly.
 constexpr std::array<double, 23> kExactPowers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                               1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
@@ -225,10 +246,8 @@ const char* ScanNumber(const char* first, const char* last, double& value) {
     if (end == p) return first;
     const auto result = std::from_chars(p, end, value);
     if (result.ec == std::errc::result_out_of_range) {
-        // from_chars leaves the value alone; tell a number too small from one too large by its text.
-        const char* const exponent = std::find_if(p, end, [](char c) { return c == 'e' || c == 'E'; });
-        const bool tiny = exponent != end ? exponent[1] == '-' : (p != end && (*p == '0' || *p == '.'));
-        value = tiny ? 0 : std::numeric_limits<double>::infinity();
+        // from_chars leaves the value alone.
+        value = IsBelowOne(p, end) ? 0 : std::numeric_limits<double>::infinity();
     }
     if (negative) value = -value;
     return end;
