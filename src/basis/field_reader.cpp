@@ -44,12 +44,11 @@ std::uint64_t CountLines(std::string_view text) {
     return lineFeeds + loneReturns + (IsLineEnd(text.back()) ? 0 : 1);
 }
 
-FieldReader::FieldReader(std::string_view text, std::string name) : name_(std::move(name)) {
-    text = WithoutByteOrderMark(text);
-    first_ = text.data();
-    position_ = first_;
-    last_ = first_ + text.size();
-}
+FieldReader::FieldReader(std::string_view text, std::string name)
+    : first_(WithoutByteOrderMark(text).data()),
+      position_(first_),
+      last_(text.data() + text.size()),
+      name_(std::move(name)) {}
 
 void FieldReader::SkipToField() {
     while (position_ != last_ && (IsBlank(*position_) || IsLineEnd(*position_))) ++position_;

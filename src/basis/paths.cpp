@@ -59,7 +59,9 @@ bool IsFile(const std::string& path) {
     return !error && fs::exists(status) && !fs::is_directory(status);
 }
 
-std::string JoinPath(std::string_view folder, std::string_view name) { return WithSeparator(folder) + std::string(name); }
+std::string JoinPath(std::string_view folder, std::string_view name) {
+    return WithSeparator(folder) + std::string(name);
+}
 
 std::string WithSeparator(std::string_view folder) {
     std::string path(folder);

@@ -24,13 +24,11 @@ Int ToInt(double rounded, std::string_view what) {
 
 }  // namespace
 
-double RoundHalfEven(double x) { return std::nearbyint(x); }
-
 double RoundDecimals(double x, int decimals) {
     const double scale = kPowersOfTen.at(static_cast<std::size_t>(decimals));
     const double scaled = x * scale;
     if (!std::isfinite(scaled)) return x;
-    return std::nearbyint(scaled) / scale;
+    return RoundHalfEven(scaled) / scale;
 }
 
 std::int16_t ToInt16(double x, std::string_view what) { return ToInt<std::int16_t>(std::nearbyint(x), what); }

@@ -16,7 +16,8 @@ std::string TakenDrive(const std::string& text) {
     if (text.empty() || !IsFolder(drive)) throw Failure(FailureKind::PathNotFound, "drive \"" + text + "\"");
     return drive;
 #else
-    if (text.empty() || text.front() != kPathSeparator) throw Failure(FailureKind::PathNotFound, "drive \"" + text + "\"");
+    const bool absolute = !text.empty() && text.front() == kPathSeparator;
+    if (!absolute) throw Failure(FailureKind::PathNotFound, "drive \"" + text + "\"");
     return std::string(1, kPathSeparator);
 #endif
 }
@@ -104,7 +105,8 @@ void SetPattern(FileList& files, const std::string& pattern) {
 
 void Refresh(FileList& files) {
     files.Entries = ListFiles(files.Path, files.Pattern);
-    const bool stillThere = std::find(files.Entries.begin(), files.Entries.end(), files.FileName) != files.Entries.end();
+    const bool stillThere =
+        std::find(files.Entries.begin(), files.Entries.end(), files.FileName) != files.Entries.end();
     if (!stillThere) files.FileName.clear();
 }
 

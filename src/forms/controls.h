@@ -28,7 +28,8 @@ struct ParentRef {
 /// What all control records share. A control registers itself with its form by name, so records are
 /// neither copied nor moved. Assigning a field fires nothing; a person's act goes through `forms/acts.h`.
 struct Control {
-    Control(ParentRef parent, std::string name) : Owner(parent.Owner), Container(parent.Container), Name(std::move(name)) {}
+    Control(ParentRef parent, std::string name)
+        : Owner(parent.Owner), Container(parent.Container), Name(std::move(name)) {}
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
@@ -169,14 +170,14 @@ struct Line : Control {
 /// A view of a VRML file. Where it can't be drawn it says so; its record works all the same.
 struct VrmlView : Control {
     VrmlView(ParentRef parent, std::string name);
-    std::string SceneFile;       ///< file to show, empty for none
-    std::uint64_t LoadCount = 0; ///< rises with each load, so that the same file is read anew
-    std::uint64_t FitCount = 0;  ///< rises with each command "Fit"
+    std::string SceneFile;        ///< file to show, empty for none
+    std::uint64_t LoadCount = 0;  ///< rises with each load, so that the same file is read anew
+    std::uint64_t FitCount = 0;   ///< rises with each command "Fit"
 };
 
-using ControlRef = std::variant<Label*, CommandButton*, TextBox*, CheckBox*, OptionButton*, Frame*, ComboBox*, DriveList*,
-                                DirList*, FileList*, PictureBox*, ProgressBar*, ScrollBar*, Slider*, TabControl*, TabPage*,
-                                MenuItem*, Line*, VrmlView*>;
+using ControlRef = std::variant<Label*, CommandButton*, TextBox*, CheckBox*, OptionButton*, Frame*, ComboBox*,
+                                DriveList*, DirList*, FileList*, PictureBox*, ProgressBar*, ScrollBar*, Slider*,
+                                TabControl*, TabPage*, MenuItem*, Line*, VrmlView*>;
 
 /// The part that all kinds share.
 Control& Base(const ControlRef& control);

@@ -42,7 +42,8 @@ public:
     /// A window left the table.
     virtual void FormUnloaded(Form& form) = 0;
 
-    /// Brings a window of another program to the front, by process id or by the start of its title. False if there is none.
+    /// Brings a window of another program to the front, by process id or by the start of its title. False if
+    /// there is none.
     virtual bool ActivateWindow(const std::string& processIdOrTitle) = 0;
     /// Sends key strokes to the window in front.
     virtual void SendKeys(const std::string& keys) = 0;

@@ -60,27 +60,38 @@ struct Form {
     /// All controls in the order of their declaration.
     const std::vector<ControlRef>& Controls() const { return controls_; }
 
-    /// Ties a handler to its event. The part of the name before the last underscore has to be a control.
-    template <typename Window>
-    void On(std::string_view handler, void (*run)(Window&)) {
-        AddHandler(handler, [this, run](const EventArgs&) { run(static_cast<Window&>(*this)); });
+    /// Ties a handler to its event: a function or lambda that takes its window. The part of the name before the
+    /// last underscore has to be a control.
+    template <typename Run>
+    void On(std::string_view handler, Run run) {
+        AddHandler(handler, [this, run](const EventArgs&) { run(AsWindow{*this}); });
     }
-    template <typename Window>
-    void OnKey(std::string_view handler, void (*run)(Window&, const std::string& key)) {
-        AddHandler(handler, [this, run](const EventArgs& args) { run(static_cast<Window&>(*this), args.Key); });
+    template <typename Run>
+    void OnKey(std::string_view handler, Run run) {
+        AddHandler(handler, [this, run](const EventArgs& args) { run(AsWindow{*this}, args.Key); });
     }
-    template <typename Window>
-    void OnMouse(std::string_view handler, void (*run)(Window&, double x, double y)) {
-        AddHandler(handler, [this, run](const EventArgs& args) { run(static_cast<Window&>(*this), args.X, args.Y); });
+    template <typename Run>
+    void OnMouse(std::string_view handler, Run run) {
+        AddHandler(handler, [this, run](const EventArgs& args) { run(AsWindow{*this}, args.X, args.Y); });
     }
 
     /// A handler that needs more than its window.
-    void OnAny(std::string_view handler, std::function<void(const EventArgs&)> run) { AddHandler(handler, std::move(run)); }
+    void OnAny(std::string_view handler, std::function<void(const EventArgs&)> run) {
+        AddHandler(handler, std::move(run));
+    }
 
     bool HasHandler(std::string_view handler) const;
 
 private:
     friend class WindowTable;
+    /// This form as whatever window its handler takes.
+    struct AsWindow {
+        Form& Self;
+        template <typename Window>
+        operator Window&() const {
+            return static_cast<Window&>(Self);
+        }
+    };
     void RegisterControl(const std::string& name, ControlRef control);
     void AddHandler(std::string_view handler, std::function<void(const EventArgs&)> run);
 

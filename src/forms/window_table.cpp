@@ -68,7 +68,8 @@ void WindowTable::FailToFind(const std::string& form, const std::string& control
 
 std::shared_ptr<Form> WindowTable::KeepAlive(const Form& form) const {
     const auto isForm = [&form](const std::shared_ptr<Form>& held) { return held.get() == &form; };
-    const auto loaded = std::find_if(loaded_.begin(), loaded_.end(), [&](const auto& entry) { return isForm(entry.second); });
+    const auto loaded =
+        std::find_if(loaded_.begin(), loaded_.end(), [&](const auto& entry) { return isForm(entry.second); });
     if (loaded != loaded_.end()) return loaded->second;
     const auto busy = std::find_if(busy_.begin(), busy_.end(), isForm);
     return busy != busy_.end() ? *busy : nullptr;

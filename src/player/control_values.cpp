@@ -53,7 +53,9 @@ struct Show {
         Refresh(*c);
         return Joined(c->Entries);
     }
-    std::string operator()(const PictureBox* c) const { return std::to_string(c->Width) + "x" + std::to_string(c->Height); }
+    std::string operator()(const PictureBox* c) const {
+        return std::to_string(c->Width) + "x" + std::to_string(c->Height);
+    }
     std::string operator()(const ProgressBar* c) const {
         return GeneralText(c->Value) + "/" + GeneralText(c->Max) + (c->Visible ? "" : " hidden");
     }

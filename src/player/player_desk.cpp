@@ -27,11 +27,13 @@ Button PlayerDesk::Ask(const MessageBox& box) {
         answers_.pop_front();
         const bool offered = std::find(box.Buttons.begin(), box.Buttons.end(), answer.Pressed) != box.Buttons.end();
         if (!offered) {
-            throw ScriptError{"the box " + QuotedText(box.Text) + " has no button " + std::string(ButtonName(answer.Pressed))};
+            throw ScriptError{"the box " + QuotedText(box.Text) + " has no button " +
+                              std::string(ButtonName(answer.Pressed))};
         }
     }
     if (!answer.Digitised.File.empty()) Digitise(answer.Digitised);
-    print_("box " + QuotedText(box.Title) + " " + QuotedText(box.Text) + " -> " + std::string(ButtonName(answer.Pressed)));
+    print_("box " + QuotedText(box.Title) + " " + QuotedText(box.Text) + " -> " +
+           std::string(ButtonName(answer.Pressed)));
     return answer.Pressed;
 }
 
@@ -62,7 +64,8 @@ void PlayerDesk::ShowModal(Form& form) {
 void PlayerDesk::ShowFailure(const Failure& failure) {
     ++failures_;
     lastFailure_ = failure;
-    print_("failure " + std::string(FailureName(failure.Kind())) + " in " + failure.Handler() + ": " + failure.Object());
+    print_("failure " + std::string(FailureName(failure.Kind())) + " in " + failure.Handler() + ": " +
+           failure.Object());
 }
 
 }  // namespace crownlab

@@ -8,7 +8,9 @@
 namespace crownlab {
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+constexpr std::string_view kBlanks = " \t";
+
+bool IsBlank(char c) { return kBlanks.find(c) != std::string_view::npos; }
 bool StartsName(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_'; }
 bool ContinuesName(char c) { return StartsName(c) || (c >= '0' && c <= '9'); }
 
@@ -73,8 +75,7 @@ std::vector<std::string> SplitWords(std::string_view line) {
         if (rest.front() == '"') {
             words.push_back(TakeQuoted(rest));
         } else {
-            const auto end = std::find_if(rest.begin(), rest.end(), IsBlank);
-            const auto size = static_cast<std::size_t>(end - rest.begin());
+            const std::size_t size = std::min(rest.find_first_of(kBlanks), rest.size());
             words.emplace_back(rest.substr(0, size));
             rest.remove_prefix(size);
         }

@@ -17,7 +17,8 @@ namespace {
 int ParseYieldNumber(const std::string& word) {
     const NumberPrefix number = ParseNumberPrefix(word);
     constexpr double most = 1e9;
-    if (number.Length != word.size() || number.Value < 1 || number.Value > most || number.Value != static_cast<int>(number.Value)) {
+    if (number.Length != word.size() || number.Value < 1 || number.Value > most ||
+        number.Value != static_cast<int>(number.Value)) {
         throw ScriptError{"\"" + word + "\" is not a count of yields"};
     }
     return static_cast<int>(number.Value);
@@ -108,7 +109,8 @@ Player::Target Player::FindForPerson(const std::string& name) {
 
 std::string Player::ValueOf(const std::string& name) {
     const Target target = Find(name);
-    if (target.Control == nullptr && target.ControlName == "MousePointer") return std::to_string(target.Window->MousePointer);
+    if (target.Control == nullptr && target.ControlName == "MousePointer")
+        return std::to_string(target.Window->MousePointer);
     if (target.Control == nullptr) throw ScriptError{"there is no control " + name};
     return ShownValue(*target.Control);
 }
@@ -133,8 +135,7 @@ void Player::DoOpen(const Words& words) {
     for (const MenuWindow& entry : MenuWindows()) {
         if (words[1] != entry.Window) continue;
         const std::shared_ptr<Form> startup = application_->Windows().Find("frmStartup");
-        Act("frmStartup." + std::string(entry.Item) + "_Click",
-            [&] { Press(Base(*startup->Find(entry.Item))); });
+        Act("frmStartup." + std::string(entry.Item) + "_Click", [&] { Press(Base(*startup->Find(entry.Item))); });
         return;
     }
     throw ScriptError{"no menu item opens " + words[1]};

@@ -6,8 +6,8 @@
 namespace crownlab {
 
 FrmAbout::FrmAbout(Services& services) : Form(services, "frmAbout", "About") {
-    On("Form_Load", +[](FrmAbout& form) { Form_Load(form); });
-    On("Command1_Click", +[](FrmAbout& form) { Command1_Click(form); });
+    On("Form_Load", [](FrmAbout& form) { Form_Load(form); });
+    On("Command1_Click", [](FrmAbout& form) { Command1_Click(form); });
 }
 
 void Form_Load(FrmAbout& form) { form.Label5.Caption = "Created: " + FileTimeText(CROWNLAB_EXECUTABLE); }

@@ -11,9 +11,9 @@ namespace crownlab {
 
 FrmDefDir::FrmDefDir(Services& services, ShellState& shell)
     : Form(services, "frmDefDir", "Set Default Directory"), Shell(shell) {
-    On("Drive1_Change", +[](FrmDefDir& form) { Drive1_Change(form); });
-    On("Dir1_Change", +[](FrmDefDir& form) { Dir1_Change(form); });
-    On("DirC_Click", +[](FrmDefDir& form) { DirC_Click(form); });
+    On("Drive1_Change", [](FrmDefDir& form) { Drive1_Change(form); });
+    On("Dir1_Change", [](FrmDefDir& form) { Dir1_Change(form); });
+    On("DirC_Click", [](FrmDefDir& form) { DirC_Click(form); });
     On("cmdUpdateDefDir_Click", cmdUpdateDefDir_Click);
 }
 

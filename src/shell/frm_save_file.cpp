@@ -32,11 +32,12 @@ void Dir1_Change(FrmSaveFile& form) {
 
 }  // namespace
 
-FrmSaveFile::FrmSaveFile(Services& services, ShellState& shell) : Form(services, "frmSaveFile", "Save File"), Shell(shell) {
+FrmSaveFile::FrmSaveFile(Services& services, ShellState& shell)
+    : Form(services, "frmSaveFile", "Save File"), Shell(shell) {
     On("Form_Load", Form_Load);
-    On("Drive1_Change", +[](FrmSaveFile& form) { DriveChosen(Lists(form)); });
+    On("Drive1_Change", [](FrmSaveFile& form) { DriveChosen(Lists(form)); });
     On("Dir1_Change", Dir1_Change);
-    On("File1_Click", +[](FrmSaveFile& form) { FileChosen(Lists(form)); });
+    On("File1_Click", [](FrmSaveFile& form) { FileChosen(Lists(form)); });
     On("File1_DblClick", cmdOK_Click);
     On("cmbFileType_Click", cmbFileType_Click);
     On("cmdOK_Click", cmdOK_Click);

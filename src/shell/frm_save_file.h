@@ -17,9 +17,8 @@ struct FrmSaveFile : Form {
     TextBox txtFileName{*this, "txtFileName"};
     FileList File1{*this, "File1", "*.txt"};
     Label lblFileType{*this, "lblFileType", "List files of type:"};
-    ComboBox cmbFileType{*this,
-                         "cmbFileType",
-                         {"*.txt (text files)", "*.csv (comma-delimited files)", "*.* (all files)"}};
+    ComboBox cmbFileType{
+        *this, "cmbFileType", {"*.txt (text files)", "*.csv (comma-delimited files)", "*.* (all files)"}};
     Label lblFolders{*this, "lblFolders", "Folders:"};
     Label lblFolder{*this, "lblFolder"};
     DirList Dir1{*this, "Dir1"};

@@ -60,29 +60,30 @@ void ChooseVersion(FrmStartup& form, MenuItem& chosen, MenuItem& other, const ch
 }
 
 void RegisterNames(FrmStartup& form) {
-    form.On("lblConversion_Click", +[](FrmStartup& f) {
-        Describe(f, f.lblConversion,
-                 "Converts files between formats, e.g. comma-delimited files (*.csv), Surfer grid (*.grd), tiff text files "
-                 "(*.txt) and VRML files (*.wrl).");
+    form.On("lblConversion_Click", [](FrmStartup& f) {
+        Describe(
+            f, f.lblConversion,
+            "Converts files between formats, e.g. comma-delimited files (*.csv), Surfer grid (*.grd), tiff text files "
+            "(*.txt) and VRML files (*.wrl).");
     });
-    form.On("lblLandmark_Click", +[](FrmStartup& f) {
+    form.On("lblLandmark_Click", [](FrmStartup& f) {
         Describe(f, f.lblLandmark,
                  "Captures landmark data from teeth in Surfer and performs translations and measures of variance and "
                  "accuracy.");
     });
-    form.On("lblOutlines_Click", +[](FrmStartup& f) {
+    form.On("lblOutlines_Click", [](FrmStartup& f) {
         Describe(f, f.lblOutlines,
                  "Traces the enamel outlines from teeth in Surfer and translates the for use in 'Bitepath'.");
     });
-    form.On("lblPlane_Click", +[](FrmStartup& f) {
+    form.On("lblPlane_Click", [](FrmStartup& f) {
         Describe(f, f.lblPlane,
                  "Fits planes to points on teeth and allows comparison between plane surface and tooth surface.");
     });
-    form.On("lblTooth_Click", +[](FrmStartup& f) {
+    form.On("lblTooth_Click", [](FrmStartup& f) {
         Describe(f, f.lblTooth,
                  "Allows the calculation of several important functional features by interfacing with Surfer.");
     });
-    form.On("lblTransform_Click", +[](FrmStartup& f) {
+    form.On("lblTransform_Click", [](FrmStartup& f) {
         Describe(f, f.lblTransform, "Performs some transformations on topographic data not carried out in Surfer.");
     });
     form.On("Label2_Click", Label2_Click);
@@ -90,15 +91,17 @@ void RegisterNames(FrmStartup& form) {
 
 void RegisterTools(FrmStartup& form) {
     for (const MenuWindow& entry : kMenuWindows) {
-        form.OnAny(std::string(entry.Item) + "_Click", [&form, entry](const EventArgs&) { OpenTool(form, entry.Window); });
+        form.OnAny(std::string(entry.Item) + "_Click",
+                   [&form, entry](const EventArgs&) { OpenTool(form, entry.Window); });
     }
-    form.On("mnuStartSurfer_Click", +[](FrmStartup& f) { OpenTool(f, "Surfer session"); });
+    form.On("mnuStartSurfer_Click", [](FrmStartup& f) { OpenTool(f, "Surfer session"); });
 }
 
 }  // namespace
 
-FrmStartup::FrmStartup(Services& services, ShellState& shell) : Form(services, "frmStartup", "The Crownlab"), Shell(shell) {
-    On("Form_Load", +[](FrmStartup& form) { Form_Load(form); });
+FrmStartup::FrmStartup(Services& services, ShellState& shell)
+    : Form(services, "frmStartup", "The Crownlab"), Shell(shell) {
+    On("Form_Load", [](FrmStartup& form) { Form_Load(form); });
     On("mnuNew_Click", mnuNew_Click);
     On("mnuSurf6_Click", mnuSurf6_Click);
     On("mnuSurf8_Click", mnuSurf8_Click);

@@ -302,6 +302,8 @@ void UpdateClumpName(FrmCSVView& form);
 
 // Contour, kernels, images (frm_csv_view_process.cpp).
 void cmdProcContour_Click(FrmCSVView& form);
+/// The contour run itself. False if a value was refused with a message.
+bool ProcessContour(FrmCSVView& form);
 void cmdIProc2_Click(FrmCSVView& form);
 void cmdIProc3_Click(FrmCSVView& form);
 void cmdILaPlacian_Click(FrmCSVView& form);
