@@ -22,8 +22,8 @@ GRID_AXIS = (3.25, 3.775)
 # The outline stops short of the equator, where the surface would stand upright.
 GRID_OUTLINE = 0.99
 # Nodes that the scanner didn't reach (centre and radius in mm from the axis): the bottom of the central pit
-# and a chipped place on the outer wall.
-BLANK_SPOTS = ((0.07, 0.06, 0.09), (2.55, -2.75, 0.17))
+# and a chipped place at the foot of a wall.
+BLANK_SPOTS = ((0.07, 0.06, 0.09), (0.45, 3.58, 0.12))
 
 
 def is_blank(x, y):
