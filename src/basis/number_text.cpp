@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <type_traits>
 
 #include "basis/failure.h"
 
@@ -100,6 +101,27 @@ char* AppendDecimal(char* out, const Decimal& decimal, bool zeroBeforePoint) {
     return out;
 }
 
+/// Numbers of at most six decimals, as nearly all coordinates are: the decimal found by scaling is the
+/// shortest text if dividing it again gives back the very number. Returns nullptr where that doesn't hold.
+char* AppendFewDecimals(char* out, double value, bool zeroBeforePoint) {
+    constexpr double scale = 1e6;
+    constexpr double limit = 1e15;
+    const double scaled = value * scale;
+    if (!(scaled < limit)) return nullptr;
+    const double whole = std::nearbyint(scaled);
+    if (whole / scale != value) return nullptr;
+    const auto digits = static_cast<std::uint64_t>(whole);
+    const std::uint64_t before = digits / 1000000;
+    auto behind = static_cast<std::uint32_t>(digits % 1000000);
+    if (before != 0 || zeroBeforePoint) out = std::to_chars(out, out + kNumberTextMax, before).ptr;
+    if (behind == 0) return out;
+    *out++ = '.';
+    int places = 6;
+    for (; behind % 10 == 0; behind /= 10) --places;
+    for (int i = places - 1; i >= 0; --i, behind /= 10) out[i] = static_cast<char>('0' + behind % 10);
+    return out + places;
+}
+
 char* AppendText(char* out, const char* text) {
     const std::size_t size = std::strlen(text);
     std::memcpy(out, text, size);
@@ -118,9 +140,8 @@ char* AppendNumber(char* out, Float value, int significant, bool zeroBeforePoint
         *out++ = '0';
         return out;
     }
-    // Whole numbers are frequent (counts, patch numbers) and need no search for digits.
-    if (value < Float(1e6) && value == std::floor(value)) {
-        return std::to_chars(out, out + 8, static_cast<int>(value)).ptr;
+    if constexpr (std::is_same_v<Float, double>) {
+        if (char* const end = AppendFewDecimals(out, value, zeroBeforePoint)) return end;
     }
     return AppendDecimal(out, ToDecimal(value, significant), zeroBeforePoint);
 }
