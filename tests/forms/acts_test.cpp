@@ -184,7 +184,7 @@ TEST_F(ActsTest, PressesKeysAndMovesReachTheirHandlers) {
     DoubleClick(Window().filA);
     PressKey(Window().cmdA, "Escape");
     MoveMouse(Window().picA, 1.5, 2);
-    EXPECT_EQ(Seen(), (Events{"cmdA_Click", "picA_Click", "filA_DblClick", "key Escape", "move 1.500000 2.000000"}));
+    EXPECT_EQ(Seen(), (Events{"cmdA_Click", "picA_Click", "filA_DblClick", "key Escape", "move 1.5 2"}));
 }
 
 }  // namespace

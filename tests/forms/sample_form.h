@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "basis/number_text.h"
 #include "forms/form.h"
 #include "forms/window_table.h"
 
@@ -19,7 +20,7 @@ struct SampleForm : Form {
         }
         OnKey("cmdA_KeyDown", [](SampleForm& form, const std::string& key) { form.Events.push_back("key " + key); });
         OnMouse("picA_MouseMove", [](SampleForm& form, double x, double y) {
-            form.Events.push_back("move " + std::to_string(x) + " " + std::to_string(y));
+            form.Events.push_back("move " + GeneralText(x) + " " + GeneralText(y));
         });
     }
 
