@@ -179,7 +179,8 @@ TEST_F(PlayerTest, AnExpectationThatFailsEndsTheScriptWithOne) {
 }
 
 TEST_F(PlayerTest, KeepGoingIsForFailuresOnly) {
-    EXPECT_EQ(Play("start\nexpect frmStartup.mnuSurf8 off\n", {.KeepGoing = true, .Values = {}}).Status, kStatusExpectation);
+    EXPECT_EQ(Play("start\nexpect frmStartup.mnuSurf8 off\n", {.KeepGoing = true, .Values = {}}).Status,
+              kStatusExpectation);
     EXPECT_EQ(Play("start\nwrong\n", {.KeepGoing = true, .Values = {}}).Status, kStatusScript);
 }
 
@@ -212,8 +213,8 @@ TEST_F(PlayerTest, AFailureEndsTheScriptWithThree) {
 }
 
 TEST_F(PlayerTest, KeepGoingGoesOnAndStillEndsWithThree) {
-    const Played played =
-        Play("open frmCSVView\npress frmCSVView.cmdViewCSV\nshow frmCSVView.cmdExit", {.KeepGoing = true, .Values = {}});
+    const Played played = Play("open frmCSVView\npress frmCSVView.cmdViewCSV\nshow frmCSVView.cmdExit",
+                               {.KeepGoing = true, .Values = {}});
     EXPECT_EQ(played.Status, kStatusFailure);
     ASSERT_EQ(played.Lines.size(), 2U);
     EXPECT_EQ(played.Lines[1], "show frmCSVView.cmdExit = \"Exit\"");
