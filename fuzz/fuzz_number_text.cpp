@@ -16,7 +16,7 @@ void RoundTrip(double value) {
     const std::string text = crownlab::RecordText(value);
     if (text.size() > crownlab::kNumberTextMax) std::abort();
     const double again = crownlab::TextBoxNumber(text);
-    if (std::fabs(again - value) > std::fabs(value) * 5.1e-15 + 5e-324) std::abort();
+    if (std::fabs(again - value) > std::fabs(value) * 5.3e-15 + 5e-324) std::abort();
     if (crownlab::RecordText(again) != text) std::abort();
     if (crownlab::TextBoxNumber(crownlab::GeneralText(value)) != again) std::abort();
 }
