@@ -38,7 +38,8 @@ std::vector<double> PickTeeth(std::int32_t count, std::int32_t picks, RandomSour
 
     std::unordered_set<std::int64_t> chosen;
     for (std::int64_t last = std::int64_t{count} - taken + 1; last <= count; ++last) {
-        const auto candidate = 1 + static_cast<std::int64_t>(std::floor(NextRandom(random) * static_cast<double>(last)));
+        const auto candidate =
+            1 + static_cast<std::int64_t>(std::floor(NextRandom(random) * static_cast<double>(last)));
         if (!chosen.insert(candidate).second) chosen.insert(last);
     }
     std::vector<double> numbers(chosen.begin(), chosen.end());

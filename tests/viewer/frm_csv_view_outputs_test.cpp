@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "basis/number_text.h"
 #include "basis/paths.h"
 #include "forms/acts.h"
 #include "support/expect_failure.h"
@@ -13,8 +14,8 @@ using ::testing::ElementsAre;
 
 /// A tooth whose 3 by 3 cells hold one height in the middle.
 std::string ToothOf(double parameter1, double height) {
-    return "0,0\n" + std::to_string(parameter1) + ",0,0,0,0,0,0,0,0,0\n1,1,0\n2,2,-9\n3,1,-1\n4,2,-" +
-           std::to_string(height) + "\n666\n";
+    return "0,0\n" + GeneralText(parameter1) + ",0,0,0,0,0,0,0,0,0\n1,1,0\n2,2,-9\n3,1,-1\n4,2,-" +
+           GeneralText(height) + "\n666\n";
 }
 
 const std::string kNoPoints = "0,0\n7,0,0,0,0,0,0,0,0,0\n666\n";
@@ -80,7 +81,9 @@ TEST_F(ViewerOutputsTest, TheButtonTifWritesABitmap) {
     const std::string bitmap = FileBytes(ToothFile("P100_0_0_0_0_0_0_0_0_0_0.bmp"));
     // 3 + 4 pixels both ways, 21 bytes a row padded to 24.
     ASSERT_EQ(bitmap.size(), 54u + 24 * 7);
-    const auto blueOf = [&](std::size_t x, std::size_t y) { return static_cast<unsigned char>(bitmap[54 + 24 * (6 - y) + 3 * x]); };
+    const auto blueOf = [&](std::size_t x, std::size_t y) {
+        return static_cast<unsigned char>(bitmap[54 + 24 * (6 - y) + 3 * x]);
+    };
     EXPECT_EQ(blueOf(1, 1), 255) << "the highest cell";
     EXPECT_EQ(blueOf(0, 0), 0) << "an empty cell";
     EXPECT_EQ(blueOf(3, 0), 255) << "the margin";
@@ -95,7 +98,8 @@ TEST_F(ViewerOutputsTest, TheFinishedModelIsOfferedForOpening) {
     EXPECT_THAT(window_.Screen.Opened, ElementsAre(path));
     const std::string model = FileBytes(path);
     EXPECT_NE(model.find("# VRML of P100_0_0_0_0_0_0_0_0_0_0.wrl\r\n"), std::string::npos);
-    EXPECT_NE(model.find("        height [\r\n 0  0  0 \r\n 0  5  0 \r\n 0  0  0 \r\n        ]\r\n"), std::string::npos);
+    EXPECT_NE(model.find("        height [\r\n 0  0  0 \r\n 0  5  0 \r\n 0  0  0 \r\n        ]\r\n"),
+              std::string::npos);
 }
 
 TEST_F(ViewerOutputsTest, CopyShowsTheSurfaceAndFollowsIt) {
@@ -104,7 +108,8 @@ TEST_F(ViewerOutputsTest, CopyShowsTheSurfaceAndFollowsIt) {
     EXPECT_EQ(Form().Cortona1.SceneFile, folder_ / "temp.wrl");
     EXPECT_EQ(Form().Cortona1.LoadCount, 1u);
     // Empty cells of the ring stand at the lowest level.
-    EXPECT_NE(FileBytes(folder_ / "temp.wrl").find(" 1  1  1  1 \r\n 1  1  2  1 \r\n 1  3  4  1 \r\n"), std::string::npos);
+    EXPECT_NE(FileBytes(folder_ / "temp.wrl").find(" 1  1  1  1 \r\n 1  1  2  1 \r\n 1  3  4  1 \r\n"),
+              std::string::npos);
     Press(Form().cmdViewCSV);
     EXPECT_EQ(Form().Cortona1.LoadCount, 2u) << "an active view follows each drawing";
     Press(Form().cmdMirrorHoriz);
@@ -123,7 +128,8 @@ TEST_F(ViewerOutputsTest, ViewsThatWereNeverActiveAreLeftAlone) {
 std::string WideSurface() {
     std::string text;
     for (int y = 0; y < 18; ++y) {
-        for (int x = 0; x < 28; ++x) text += std::to_string(x) + "," + std::to_string(y) + "," + std::to_string(x + 100 * y) + "\n";
+        for (int x = 0; x < 28; ++x)
+            text += std::to_string(x) + "," + std::to_string(y) + "," + std::to_string(x + 100 * y) + "\n";
     }
     return text;
 }

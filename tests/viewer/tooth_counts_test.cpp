@@ -45,7 +45,8 @@ TEST_F(ToothCountsTest, CountsSentinelLines) {
 
 TEST_F(ToothCountsTest, WritesHeaderAndALineAFile) {
     WriteToothCounts(files_, folder_ / "ToothCount.csv", {{"netregu1.dat", 3}, {"netregu2.dat", 0}});
-    EXPECT_EQ(FileBytes(folder_ / "ToothCount.csv"), "\"File\",\"Count\"\r\n\"netregu1.dat\",3\r\n\"netregu2.dat\",0\r\n");
+    EXPECT_EQ(FileBytes(folder_ / "ToothCount.csv"),
+              "\"File\",\"Count\"\r\n\"netregu1.dat\",3\r\n\"netregu2.dat\",0\r\n");
 }
 
 TEST_F(ToothCountsTest, ReadsWhatItWrote) {

@@ -17,9 +17,9 @@ void ExpectSameRecords(const SurfaceGrid& a, const SurfaceGrid& b) {
 }
 
 const std::vector<SurfaceGrid>& Families() {
-    static const std::vector<SurfaceGrid> families{
-        GridOfRows({{5}}), GridOfRows({{1, 2, 3}}), GridOfRows({{1}, {2}, {3}}),
-        GridOfRows({{1, 2, 3}, {4, 5, 6}}), GridOfRows({{1, 2}, {3, kEmptyCellZ}, {5, 6}})};
+    static const std::vector<SurfaceGrid> families{GridOfRows({{5}}), GridOfRows({{1, 2, 3}}),
+                                                   GridOfRows({{1}, {2}, {3}}), GridOfRows({{1, 2, 3}, {4, 5, 6}}),
+                                                   GridOfRows({{1, 2}, {3, kEmptyCellZ}, {5, 6}})};
     return families;
 }
 
