@@ -26,8 +26,8 @@ ClockReading PresentClock() {
 void SeedRandom(RandomSource& random, const ClockReading& clock) {
     NextRandom(random);
     const double number = RoundDecimals(clock.Day + clock.Minute / 60.0 + clock.Second / 3600.0, 3);
-    const double steps = RoundHalfEven(number * 1000);
-    for (double step = 0; step < steps; ++step) NextRandom(random);
+    const std::int32_t steps = ToInt32(number * 1000, "steps of the generator");
+    for (std::int32_t step = 0; step < steps; ++step) NextRandom(random);
 }
 
 std::vector<double> PickTeeth(std::int32_t count, std::int32_t picks, RandomSource& random) {

@@ -35,7 +35,8 @@ bool LessByNumber(std::string_view a, std::string_view b) {
 ModelFileCount ReadCount(FieldReader& reader, std::string file) {
     const double count = reader.ReadNumber();
     if (count < 0) throw Failure(FailureKind::InvalidCall, "negative count of " + file);
-    return {.File = std::move(file), .Count = ToInt32(count, "count of " + file)};
+    const std::int32_t whole = ToInt32(count, "count of " + file);
+    return {.File = std::move(file), .Count = whole};
 }
 
 }  // namespace

@@ -9,9 +9,7 @@
 namespace crownlab {
 namespace {
 
-using ::testing::Each;
 using ::testing::ElementsAre;
-using ::testing::SizeIs;
 
 /// A tooth of four points whose y always changes; its heights reach `height`.
 std::string Tooth4(double height, double parameter11 = 0) {
