@@ -192,6 +192,18 @@ TEST_F(ViewerStatsTest, AToothWithoutCellsIsALineOfZeros) {
     EXPECT_THAT(Table(), ::testing::EndsWith("\r\n2,0,0,0,\r\n"));
 }
 
+TEST_F(ViewerStatsTest, AnEmptyToothThatComesFirstCannotBeShown) {
+    AddTooth(2, 2, {3, 3, 3, 9});
+    State().Teeth.emplace_back();
+    State().NumTeeth = 2;
+    SetChecked(Form().chkCSSAVolRat, false);
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [&] { Table(); }, "MultiGrid"));
+    EXPECT_TRUE(IsFile(folder_ / "testcalc.csv"));
+    EXPECT_EQ(FirstParams(), (std::vector<double>{0, 1}));
+    EXPECT_EQ(State().Table.MaxHt, (std::vector<double>{0, 9}));
+}
+
 TEST_F(ViewerStatsTest, AreasBeyondNumbersOverflow) {
     AddTooth(2, 2, {1e200, 0, 0, 0});
     Form().txtCurrTooth.Text = "1";
