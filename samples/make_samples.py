@@ -22,8 +22,8 @@ GRID_AXIS = (3.25, 3.775)
 # The outline stops short of the equator, where the surface would stand upright.
 GRID_OUTLINE = 0.99
 # Nodes that the scanner didn't reach (centre and radius in mm from the axis): the bottom of the central pit
-# and a chipped place on the outer wall.
-BLANK_SPOTS = ((0.07, 0.06, 0.09), (2.55, -2.75, 0.17))
+# and a chipped place at the foot of a wall.
+BLANK_SPOTS = ((0.07, 0.06, 0.09), (0.45, 3.58, 0.12))
 
 
 def is_blank(x, y):
@@ -46,14 +46,14 @@ SENTINEL = "666"
 # Parameters 1 to 11 of each tooth, then the numbers of columns and rows (none: the model grew no tooth) and
 # the cusps: column, row, height in cells.
 TEETH = (
-    ((0.0012, 0.0004, 1.2, 200, 0.15, 0.20, 0.05, 0.04, 0.03, 0.02, 12000), (18, 20), ((9, 10, 8.0),)),
-    ((0.0012, 0.0005, 1.2, 200, 0.15, 0.20, 0.05, 0.04, 0.03, 0.02, 12000), (20, 22), ((7, 8, 7.5), (13, 15, 6.0))),
+    ((0.0013, 0.0004, 1.2, 200, 0.15, 0.20, 0.05, 0.04, 0.03, 0.02, 12000), (18, 20), ((9, 10, 8.0),)),
+    ((0.0013, 0.0005, 1.2, 200, 0.15, 0.20, 0.05, 0.04, 0.03, 0.02, 12000), (20, 22), ((7, 8, 7.5), (13, 15, 6.0))),
     (
-        (0.0012, 0.0007, 1.2, 210, 0.15, 0.22, 0.05, 0.04, 0.03, 0.02, 12000),
+        (0.0013, 0.0007, 1.2, 210, 0.15, 0.22, 0.05, 0.04, 0.03, 0.02, 12000),
         (22, 20),
         ((6, 6, 7.0), (15, 7, 8.5), (11, 15, 5.5)),
     ),
-    ((0.0012, 0.0009, 1.4, 210, 0.15, 0.22, 0.05, 0.04, 0.03, 0.02, 12000), None, ()),
+    ((0.0013, 0.0009, 1.4, 210, 0.15, 0.22, 0.05, 0.04, 0.03, 0.02, 12000), None, ()),
     (
         (0.0014, 0.0004, 1.4, 220, 0.18, 0.22, 0.06, 0.04, 0.03, 0.02, 14000),
         (16, 24),
@@ -68,9 +68,9 @@ TEETH = (
 
 
 def tooth_height(column, row, size, cusps):
-    """Height in cells: a low dome over the plate with a cone for each cusp."""
+    """Height in cells: a low dome over a tilted plate with a cone for each cusp."""
     u, v = (2 * column - size[0] - 1) / size[0], (2 * row - size[1] - 1) / size[1]
-    z = 2.5 * (1 - u * u) * (1 - v * v)
+    z = 2.5 * (1 - u * u) * (1 - v * v) + 0.04 * column
     for cx, cy, height in cusps:
         cone = height - 0.8 * sqrt((column - cx) * (column - cx) + (row - cy) * (row - cy) + 1)
         z = crown.smooth_max(z, cone, 0.3)

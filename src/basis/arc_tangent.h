@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "basis/dispatch.h"
+
 namespace crownlab {
 
 /// The circle constant to full 64-bit precision. Tools that are told another number keep their own.
@@ -15,13 +17,13 @@ inline constexpr double kFullPi = 3.14159265358979323846;
 /// every machine, and compilers vectorise it. Argument reduction at tan(pi/8) and tan(3 pi/8) by
 /// selection instead of branches, then a rational approximation in x² (S. L. Moshier, "Methods and
 /// Programs for Mathematical Functions", 1989).
-inline double ArcTangent(double x) {
+CROWNLAB_INLINE double ArcTangent(double x) {
     constexpr double tan3PiBy8 = 2.41421356237309504880;
     constexpr double moreBits = 6.123233995736765886130e-17;  // what pi/2 loses as a 64-bit float
 
     const double a = std::fabs(x);
     const bool steep = a > tan3PiBy8;
-    const bool middle = !steep && a > 0.66;
+    const bool middle = !steep & (a > 0.66);
     const double numerator = steep ? -1.0 : (middle ? a - 1.0 : a);
     const double denominator = steep ? a : (middle ? a + 1.0 : 1.0);
     const double offset = steep ? kFullPi / 2 : (middle ? kFullPi / 4 : 0.0);

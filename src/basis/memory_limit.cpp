@@ -9,6 +9,9 @@
 #else
 #include <unistd.h>
 #endif
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
 
 #include "basis/failure.h"
 
@@ -54,6 +57,21 @@ std::uint64_t MemoryBound() {
         if (bytes > 0) return bytes;
     }
     return MachineMemory() / 5 * 4;
+}
+
+void HintLargePages(void* block, std::size_t bytes) {
+#ifdef __linux__
+    constexpr std::size_t worthIt = 8u << 20;
+    if (bytes < worthIt) return;
+    const auto page = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
+    const auto first = (reinterpret_cast<std::uintptr_t>(block) + page - 1) / page * page;
+    const auto last = (reinterpret_cast<std::uintptr_t>(block) + bytes) / page * page;
+    // Only a hint: whether it is taken doesn't matter.
+    if (last > first) static_cast<void>(madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE));
+#else
+    (void)block;
+    (void)bytes;
+#endif
 }
 
 void RequireMemory(std::uint64_t bytes, std::string_view what) {

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <type_traits>
 
 #include "basis/failure.h"
 
@@ -45,19 +46,24 @@ Decimal SplitScientific(const char* first, const char* last) {
     return decimal;
 }
 
+/// True if any decimal of up to 15 digits that reads back as `value` is also what `value` rounds to at 15
+/// digits. Below the smallest normal number, and for the 7 digits of a 32-bit float, that doesn't hold.
+bool ShortestIsRounded(double value) { return value >= std::numeric_limits<double>::min(); }
+bool ShortestIsRounded(float) { return false; }
+
 /// Digits of a positive number at no more than `significant` digits. The shortest digits that read back
-/// the same are also the rounded ones wherever they are few enough, and are found much faster.
+/// the same are found much faster, and are few enough for most numbers.
 template <typename Float>
 Decimal ToDecimal(Float value, int significant) {
     std::array<char, 48> text;
-    auto result = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific);
-    Decimal decimal = SplitScientific(text.data(), result.ptr);
-    if (decimal.Count > significant) {
-        result = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific,
-                               significant - 1);
-        decimal = SplitScientific(text.data(), result.ptr);
+    char* const last = text.data() + text.size();
+    if (ShortestIsRounded(value)) {
+        const auto shortest = std::to_chars(text.data(), last, value, std::chars_format::scientific);
+        const Decimal decimal = SplitScientific(text.data(), shortest.ptr);
+        if (decimal.Count <= significant) return decimal;
     }
-    return decimal;
+    const auto rounded = std::to_chars(text.data(), last, value, std::chars_format::scientific, significant - 1);
+    return SplitScientific(text.data(), rounded.ptr);
 }
 
 char* AppendDigits(char* out, const Decimal& decimal, int from, int to) {
@@ -95,6 +101,27 @@ char* AppendDecimal(char* out, const Decimal& decimal, bool zeroBeforePoint) {
     return out;
 }
 
+/// Numbers of at most six decimals, as nearly all coordinates are: the decimal found by scaling is the
+/// shortest text if dividing it again gives back the very number. Returns nullptr where that doesn't hold.
+char* AppendFewDecimals(char* out, double value, bool zeroBeforePoint) {
+    constexpr double scale = 1e6;
+    constexpr double limit = 1e15;
+    const double scaled = value * scale;
+    if (!(scaled < limit)) return nullptr;
+    const double whole = std::nearbyint(scaled);
+    if (whole / scale != value) return nullptr;
+    const auto digits = static_cast<std::uint64_t>(whole);
+    const std::uint64_t before = digits / 1000000;
+    auto behind = static_cast<std::uint32_t>(digits % 1000000);
+    if (before != 0 || zeroBeforePoint) out = std::to_chars(out, out + kNumberTextMax, before).ptr;
+    if (behind == 0) return out;
+    *out++ = '.';
+    int places = 6;
+    for (; behind % 10 == 0; behind /= 10) --places;
+    for (int i = places - 1; i >= 0; --i, behind /= 10) out[i] = static_cast<char>('0' + behind % 10);
+    return out + places;
+}
+
 char* AppendText(char* out, const char* text) {
     const std::size_t size = std::strlen(text);
     std::memcpy(out, text, size);
@@ -113,9 +140,8 @@ char* AppendNumber(char* out, Float value, int significant, bool zeroBeforePoint
         *out++ = '0';
         return out;
     }
-    // Whole numbers are frequent (counts, patch numbers) and need no search for digits.
-    if (value < Float(1e6) && value == std::floor(value)) {
-        return std::to_chars(out, out + 8, static_cast<int>(value)).ptr;
+    if constexpr (std::is_same_v<Float, double>) {
+        if (char* const end = AppendFewDecimals(out, value, zeroBeforePoint)) return end;
     }
     return AppendDecimal(out, ToDecimal(value, significant), zeroBeforePoint);
 }
@@ -141,6 +167,22 @@ const char* NumberEnd(const char* p, const char* last) {
         }
     }
     return p;
+}
+
+/// True if the unsigned decimal number in [p, end), which is beyond the range of 64-bit floats, is small
+/// rather than large: by the power of ten of its first digit that isn't 0.
+bool IsBelowOne(const char* p, const char* end) {
+    const char* const exponentMark = std::find_if(p, end, [](char c) { return c == 'e' || c == 'E'; });
+    const char* const point = std::find(p, exponentMark, '.');
+    const char* const leading = std::find_if(p, exponentMark, [](char c) { return c >= '1' && c <= '9'; });
+    const std::ptrdiff_t power = leading < point ? point - leading - 1 : point - leading;
+    if (exponentMark == end) return power < 0;
+    const char* const exponentText = exponentMark[1] == '+' ? exponentMark + 2 : exponentMark + 1;
+    std::int64_t exponent = 0;
+    // An exponent too long for any integer decides alone.
+    const auto read = std::from_chars(exponentText, end, exponent);
+    if (read.ec == std::errc::result_out_of_range) return *exponentText == '-';
+    return exponent < -power;
 }
 
 /// Whole powers of ten that a 64-bit float holds exactly.
@@ -204,10 +246,8 @@ const char* ScanNumber(const char* first, const char* last, double& value) {
     if (end == p) return first;
     const auto result = std::from_chars(p, end, value);
     if (result.ec == std::errc::result_out_of_range) {
-        // from_chars leaves the value alone; tell a number too small from one too large by its text.
-        const char* const exponent = std::find_if(p, end, [](char c) { return c == 'e' || c == 'E'; });
-        const bool tiny = exponent != end ? exponent[1] == '-' : (p != end && (*p == '0' || *p == '.'));
-        value = tiny ? 0 : std::numeric_limits<double>::infinity();
+        // from_chars leaves the value alone.
+        value = IsBelowOne(p, end) ? 0 : std::numeric_limits<double>::infinity();
     }
     if (negative) value = -value;
     return end;

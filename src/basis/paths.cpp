@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <ctime>
 #include <filesystem>
 #include <memory>
@@ -30,6 +31,17 @@ bool EndsWithSeparator(std::string_view folder) { return !folder.empty() && fold
     const fs::path parent = fs::path(path).parent_path();
     if (!parent.empty() && !IsFolder(parent.string())) throw Failure(FailureKind::PathNotFound, path);
     throw Failure(FailureKind::FileNotFound, path);
+}
+
+/// First block for a file without a size of its own.
+constexpr std::size_t kPipePiece = 1u << 16;
+
+/// A block that nothing is written to yet, so that its pages are touched once only.
+std::unique_ptr<char[]> TakeBlock(std::size_t size, const std::string& path) {
+    RequireMemory(size, path);
+    std::unique_ptr<char[]> block(new char[size]);
+    HintLargePages(block.get(), size);
+    return block;
 }
 
 template <typename Wanted>
@@ -71,9 +83,14 @@ std::string WithSeparator(std::string_view folder) {
 
 std::string AbsolutePath(const std::string& path) {
     std::error_code error;
-    fs::path absolute = fs::absolute(path, error).lexically_normal();
+    const fs::path absolute = fs::absolute(path, error).lexically_normal();
     if (error) throw Failure(FailureKind::PathNotFound, path);
     std::string text = absolute.string();
+#ifndef _WIN32
+    // Two separators in front mean the root as well, and would be kept.
+    const std::size_t name = std::min(text.find_first_not_of(kPathSeparator), text.size());
+    if (name > 1) text.erase(0, name - 1);
+#endif
     while (text.size() > 1 && EndsWithSeparator(text) && fs::path(text) != fs::path(text).root_path()) text.pop_back();
     return text;
 }
@@ -115,27 +132,30 @@ std::vector<std::string> ListFolders(const std::string& folder) {
     });
 }
 
-std::string ReadWholeFile(const std::string& path) {
+FileText ReadFileText(const std::string& path) {
     if (IsFolder(path)) throw Failure(FailureKind::PermissionDenied, path);
     const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rb"));
     if (!file) FailToOpen(path, errno);
-
     std::error_code error;
-    const auto expected = fs::is_regular_file(path, error) ? fs::file_size(path, error) : 0;
+    const bool sized = fs::is_regular_file(path, error);
+    std::size_t capacity = sized ? static_cast<std::size_t>(fs::file_size(path, error)) + 1 : kPipePiece;
     if (error) throw Failure(FailureKind::FileNotFound, path);
-    RequireMemory(expected, path);
-    std::string content(expected, '\0');
-    std::size_t size = std::fread(content.data(), 1, content.size(), file.get());
-    // The file may have changed since its size was asked, or be a pipe that has none.
-    content.resize(size);
-    std::array<char, 65536> more;
-    while (const std::size_t got = std::fread(more.data(), 1, more.size(), file.get())) {
-        RequireMemory(content.size() + got, path);
-        content.append(more.data(), got);
+    std::unique_ptr<char[]> bytes = TakeBlock(capacity, path);
+    std::size_t size = 0;
+    // The block is one byte larger than the file; one that fills it is a pipe, or a file that grows.
+    while (const std::size_t got = std::fread(bytes.get() + size, 1, capacity - size, file.get())) {
+        size += got;
+        if (size < capacity) continue;
+        std::unique_ptr<char[]> larger = TakeBlock(2 * capacity, path);
+        std::memcpy(larger.get(), bytes.get(), size);
+        bytes = std::move(larger);
+        capacity *= 2;
     }
     if (std::ferror(file.get()) != 0) throw Failure(FailureKind::PermissionDenied, path);
-    return content;
+    return {std::move(bytes), size};
 }
+
+std::string ReadWholeFile(const std::string& path) { return std::string(ReadFileText(path).View()); }
 
 std::string FileTimeText(const std::string& path) {
     struct stat status {};

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace crownlab {
@@ -42,8 +44,22 @@ std::vector<std::string> ListFiles(const std::string& folder, std::string_view p
 /// Names of the folders inside `folder` in the same order; those that can't be read are left out.
 std::vector<std::string> ListFolders(const std::string& folder);
 
+/// The bytes of a file in one block.
+class FileText {
+public:
+    FileText(std::unique_ptr<char[]> bytes, std::size_t size) : bytes_(std::move(bytes)), size_(size) {}
+    std::string_view View() const { return {bytes_.get(), size_}; }
+
+private:
+    std::unique_ptr<char[]> bytes_;
+    std::size_t size_;
+};
+
 /// The whole content of a file. FileNotFound, PathNotFound (its folder is missing), PermissionDenied,
 /// OutOfMemory.
+FileText ReadFileText(const std::string& path);
+
+/// The same as a string, for short files.
 std::string ReadWholeFile(const std::string& path);
 
 /// Time at which a file was last changed, local, as "2026-11-21 13:05:00". FileNotFound if it isn't there.

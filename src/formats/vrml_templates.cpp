@@ -64,6 +64,29 @@ void WriteShapeStart(ResultFile& file) {
     file.Line("      }");
 }
 
+void WriteElevationGridStart(ResultFile& file, int xDimension, int zDimension, std::string_view xSpacing,
+                             std::string_view zSpacing) {
+    file.Line("      geometry ElevationGrid {");
+    file.Line(Joined({"        xDimension ", std::to_string(xDimension)}));
+    file.Line(Joined({"        zDimension ", std::to_string(zDimension)}));
+    file.Line(Joined({"        xSpacing ", xSpacing}));
+    file.Line(Joined({"        zSpacing ", zSpacing}));
+    file.Line("        solid FALSE");
+    file.Line("        creaseAngle 30");
+    file.Line("        height [");
+}
+
+void WriteElevationGridEnd(ResultFile& file) {
+    file.Line("        ]");
+    file.Line("      }");
+    file.Line("    }");
+}
+
+void WriteTransformEnd(ResultFile& file) {
+    file.Line("  ]");
+    file.Line("}");
+}
+
 std::string Number(double value, int decimals) { return GeneralText(RoundDecimals(value, decimals)); }
 
 }  // namespace crownlab::vrml

@@ -37,6 +37,15 @@ void WriteTransformStart(ResultFile& file, std::string_view scale);
 /// "Shape {" with the blue material of all models, up to the end of its appearance.
 void WriteShapeStart(ResultFile& file);
 
+/// "geometry ElevationGrid {" up to its opened list of heights, of which a line a row follows.
+void WriteElevationGridStart(ResultFile& file, int xDimension, int zDimension, std::string_view xSpacing,
+                             std::string_view zSpacing);
+/// Closes the heights, the grid and its shape.
+void WriteElevationGridEnd(ResultFile& file);
+
+/// Closes the list of children and the transform: the end of every model.
+void WriteTransformEnd(ResultFile& file);
+
 /// A number as it stands in a model: rounded half to even at `decimals`, a zero before the point.
 std::string Number(double value, int decimals);
 

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "basis/arc_tangent.h"
+#include "basis/dispatch.h"
 
 namespace crownlab {
 namespace {
@@ -14,7 +15,7 @@ constexpr double kOrientationDegrees = 180 / 3.14159265358979;
 constexpr double kSlopeDegrees = 180 / kFullPi;
 
 /// Direction of steepest descent in degrees clockwise from +y.
-inline double Orientation(double dzdx, double dzdy) {
+CROWNLAB_INLINE double Orientation(double dzdx, double dzdy) {
     const double a = ArcTangent(dzdx / dzdy) * kOrientationDegrees;
     const double turned = dzdy > 0 ? a + 180 : (dzdx > 0 ? a + 360 : a);
     const double alongX = dzdx < 0 ? 90 : 270;
@@ -25,20 +26,20 @@ inline double Orientation(double dzdx, double dzdy) {
 
 /// The three rows around one row of cells, and where the results go; all at the row's first column.
 struct RowPointers {
-    const double* Below;
-    const double* Here;
-    const double* Above;
-    double* Slope;
-    double* Aspect;
+    const double* __restrict Below;
+    const double* __restrict Here;
+    const double* __restrict Above;
+    double* __restrict Slope;
+    double* __restrict Aspect;
 };
 
 /// Inner cells from index `first` up to `last` of a row. Branch-free, so that it is done several cells at a
 /// time. Returns false if a slope isn't finite.
 template <bool UseMinSlope>
-bool InnerCells(const RowPointers& r, const AspectSlopeOptions& options, int first, int last) {
+CROWNLAB_INLINE bool InnerCells(const RowPointers& r, const AspectSlopeOptions& options, int first, int last) {
     constexpr double largest = std::numeric_limits<double>::max();
     const double step = options.StepX;
-    int overflows = 0;
+    long long overflows = 0;
     for (int i = first; i < last; ++i) {
         const double sw = r.Below[i - 1], s = r.Below[i], se = r.Below[i + 1];
         const double w = r.Here[i - 1], e = r.Here[i + 1];
@@ -50,11 +51,19 @@ bool InnerCells(const RowPointers& r, const AspectSlopeOptions& options, int fir
         const double slope = std::sqrt(dzdy * dzdy + dzdx * dzdx) / step;
         double aspect = Orientation(dzdx, dzdy);
         if constexpr (UseMinSlope) aspect = options.MinSlope > ArcTangent(slope) * kSlopeDegrees ? kBelowMinSlope : aspect;
-        overflows += static_cast<int>(!empty & !(slope <= largest));
+        overflows += static_cast<long long>(!empty & !(slope <= largest));
         r.Slope[i] = empty ? kEmptyCellZ : slope;
         r.Aspect[i] = empty ? kEmptyCellZ : aspect;
     }
     return overflows == 0;
+}
+
+CROWNLAB_WIDE bool InnerCellsPlain(const RowPointers& r, const AspectSlopeOptions& options, int first, int last) {
+    return InnerCells<false>(r, options, first, last);
+}
+
+CROWNLAB_WIDE bool InnerCellsWithMinSlope(const RowPointers& r, const AspectSlopeOptions& options, int first, int last) {
+    return InnerCells<true>(r, options, first, last);
 }
 
 }  // namespace
@@ -76,8 +85,8 @@ void AspectSlopeCells(const SurfaceGrid& work, const AspectSlopeOptions& options
     const RowPointers pointers{here - work.NumX, here, here + work.NumX, &slope.Z[start], &aspect.Z[start]};
     const int first = std::max(firstColumn, 2) - 1;
     const int last = std::min(lastColumn, work.NumX - 1);
-    const bool finite = options.UseMinSlope ? InnerCells<true>(pointers, options, first, last)
-                                            : InnerCells<false>(pointers, options, first, last);
+    const bool finite = options.UseMinSlope ? InnerCellsWithMinSlope(pointers, options, first, last)
+                                            : InnerCellsPlain(pointers, options, first, last);
     if (!finite) throw Failure(FailureKind::Overflow, "SlopeGrid");
 }
 

@@ -86,9 +86,11 @@ bool RowHasPairs(const EquivScan& scan, std::size_t start, bool hasNextRow) {
     return pairs != 0;
 }
 
-/// Places of the cells that have anything to enter, row by row. They are few, and the cells between them
-/// leave no trace, so only these have to be visited in the order of the pass.
-std::vector<std::size_t> CellsWithPairs(const EquivScan& scan) {
+EquivScan ScanOf(const std::vector<double>& category, const LabelGrid& labels) {
+    return {category.data(), labels.Labels.data(), static_cast<std::size_t>(labels.NumX), static_cast<std::size_t>(labels.NumY)};
+}
+
+std::vector<std::size_t> FindCellsWithPairs(const EquivScan& scan) {
     std::vector<std::size_t> cells;
     bool previousRow = false;
     for (std::size_t row = 0; row < scan.NumY; ++row) {
@@ -221,16 +223,19 @@ std::size_t ScanPosition(Pass pass, int numX, int numY, int column, int row) {
                       static_cast<std::size_t>(row - 1));
 }
 
-void FindEquiv(const std::vector<double>& category, const LabelGrid& labels, Pass pass, std::size_t first, std::size_t last,
-               std::vector<std::int16_t>& equivTable) {
-    const EquivScan scan{category.data(), labels.Labels.data(), static_cast<std::size_t>(labels.NumX),
-                         static_cast<std::size_t>(labels.NumY)};
+std::vector<std::size_t> CellsWithPairs(const std::vector<double>& category, const LabelGrid& labels) {
+    return FindCellsWithPairs(ScanOf(category, labels));
+}
+
+void FindEquiv(const std::vector<double>& category, const LabelGrid& labels, const std::vector<std::size_t>& cells, Pass pass,
+               std::size_t first, std::size_t last, std::vector<std::int16_t>& equivTable) {
+    const EquivScan scan = ScanOf(category, labels);
     struct Visit {
         std::size_t Position;
         std::size_t At;
     };
     std::vector<Visit> visits;
-    for (const std::size_t at : CellsWithPairs(scan)) {
+    for (const std::size_t at : cells) {
         const std::size_t position = PositionOf(pass, scan.NumX, scan.NumY, at % scan.NumX, at / scan.NumX);
         if (position >= first && position < last) visits.push_back({position, at});
     }

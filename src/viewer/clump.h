@@ -59,12 +59,16 @@ enum class Pass { One = 1, Two, Three, Four };
 /// Number from 0 of the cell (column, row) in the order of a pass.
 std::size_t ScanPosition(Pass pass, int numX, int numY, int column, int row);
 
-/// Enters equivalences for the cells with scan positions in [first, last): for each of the four side
-/// neighbours (y+1, y-1, x+1, x-1, in this order) with the same category and another label, the greater
-/// label gets the smaller as its entry, replacing any it had. SubscriptOutOfRange for a label that the table has no
-/// room for.
-void FindEquiv(const std::vector<double>& category, const LabelGrid& labels, Pass pass, std::size_t first, std::size_t last,
-               std::vector<std::int16_t>& equivTable);
+/// Indices, row by row, of the cells that have a side neighbour with the same category and another label.
+/// They are few, and the cells between them leave no trace in a pass.
+std::vector<std::size_t> CellsWithPairs(const std::vector<double>& category, const LabelGrid& labels);
+
+/// Enters equivalences for those of `cells` (from CellsWithPairs) with scan positions in [first, last): for
+/// each of the four side neighbours (y+1, y-1, x+1, x-1, in this order) with the same category and another
+/// label, the greater label gets the smaller as its entry, replacing any it had. SubscriptOutOfRange for a
+/// label that the table has no room for.
+void FindEquiv(const std::vector<double>& category, const LabelGrid& labels, const std::vector<std::size_t>& cells, Pass pass,
+               std::size_t first, std::size_t last, std::vector<std::int16_t>& equivTable);
 
 /// Shortens chains: for k from `from` down to `to`, with m the entry of k and t the entry of m, neither 0,
 /// every entry m becomes t. Near-linear in the number of labels; same result as the plain loops, as an

@@ -6,6 +6,7 @@
 namespace crownlab {
 
 struct ShellState;
+enum class CellRule;
 
 /// The viewer and analyser of tooth surfaces held as x, y, z text.
 struct FrmCSVView : Form {
@@ -275,6 +276,11 @@ void cmdOutputCSV_Click(FrmCSVView& form);
 bool NoFileChosen(FrmCSVView& form);
 /// Takes names and folder from the chooser. InvalidCall for a file name of fewer than four characters.
 void TakeSurfaceNames(FrmCSVView& form);
+/// Takes the way in which the grid's size is found from its options.
+void TakeGridSizeMode(FrmCSVView& form);
+/// Limits, size and cells of the points, extents and steps in hand. Throws what building cells does, and
+/// SubscriptOutOfRange where no grid size was ever chosen.
+void BuildSurface(ViewerState& state, CellRule rule);
 
 // Display (frm_csv_view_display.cpp).
 void cmdViewCSV_Click(FrmCSVView& form);

@@ -71,14 +71,18 @@ void FindEquivInPass(FrmCSVView& form, Pass pass, int level) {
     ViewerState& state = form.State;
     const int numX = state.ProcGrid.NumX;
     const int numY = state.ProcGrid.NumY;
-    const std::size_t cells = state.ProcGrid.Size();
+    const std::size_t end = state.ProcGrid.Size();
+    std::shared_ptr<const LabelGrid> labels = LevelOf(state, level, numX, numY);
+    std::vector<std::size_t> cells = CellsWithPairs(state.Stack.Category, *labels);
     std::size_t done = 0;
     if (numX >= kYieldColumn && numY >= kYieldRow) {
         done = ScanPosition(pass, numX, numY, kYieldColumn, kYieldRow);
-        FindEquiv(state.Stack.Category, *LevelOf(state, level, numX, numY), pass, 0, done, state.EquivTable);
+        FindEquiv(state.Stack.Category, *labels, cells, pass, 0, done, state.EquivTable);
         form.App.Screen->Yield();
+        const std::shared_ptr<const LabelGrid> before = std::exchange(labels, LevelOf(state, level, numX, numY));
+        if (labels != before) cells = CellsWithPairs(state.Stack.Category, *labels);
     }
-    FindEquiv(state.Stack.Category, *LevelOf(state, level, numX, numY), pass, done, cells, state.EquivTable);
+    FindEquiv(state.Stack.Category, *labels, cells, pass, done, end, state.EquivTable);
 }
 
 void ShortenTable(FrmCSVView& form) {

@@ -13,24 +13,23 @@ namespace {
 constexpr int kModeDefault = 1;
 constexpr int kModeMinimum = 2;
 
+}  // namespace
+
 void TakeGridSizeMode(FrmCSVView& form) {
     if (form.optDefaultGridSize.Selected) form.State.GridSizeMode = kModeDefault;
     if (form.optMinGridSize.Selected || form.optMinGridSize1.Selected) form.State.GridSizeMode = kModeMinimum;
     // "Other" leaves the mode of the last read.
 }
 
-/// Limits, size and cells of the surface just read.
-void BuildSurface(ViewerState& state) {
+void BuildSurface(ViewerState& state, CellRule rule) {
     const SurfaceSteps steps{.X = state.StepX, .Y = state.StepY};
     state.Limits = LimitsForMode(state.GridSizeMode, state.Data, steps, state.Limits);
     if (state.GridSizeMode == 0) throw Failure(FailureKind::SubscriptOutOfRange, "CellGrid");
     const GridSize size = SizeOfGrid(state.Limits, steps);
     state.NumX = size.NumX;
     state.NumY = size.NumY;
-    state.CellGrid = BuildCells(state.PointList, state.Limits, steps, size, CellRule::Rounded);
+    state.CellGrid = BuildCells(state.PointList, state.Limits, steps, size, rule);
 }
-
-}  // namespace
 
 bool NoFileChosen(FrmCSVView& form) {
     const std::string& name = form.Text1.Text;
@@ -62,7 +61,7 @@ void cmdReadCSV_Click(FrmCSVView& form) {
     state.StepY = steps.Y;
     if (state.StepX == kNoStep || state.StepY == kNoStep) Tell(form, "Error");
     TakeGridSizeMode(form);
-    BuildSurface(state);
+    BuildSurface(state, CellRule::Rounded);
     cmdViewCSV_Click(form);
     cmdICopy_Click(form);
     form.MousePointer = kPointerNormal;

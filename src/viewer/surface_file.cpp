@@ -80,6 +80,15 @@ void FillUnreached(const GridLimits& limits, const SurfaceSteps& steps, std::vec
     }
 }
 
+template <typename Cell>
+std::vector<Cell> ZeroCells(std::uint64_t count) {
+    std::vector<Cell> cells;
+    cells.reserve(count);
+    HintLargePages(cells.data(), count * sizeof(Cell));
+    cells.resize(count);
+    return cells;
+}
+
 int CountOfCells(double low, double high, double step, const char* name) {
     return ToInt16(1 + Divide(high - low, step, name), name);
 }
@@ -87,16 +96,20 @@ int CountOfCells(double low, double high, double step, const char* name) {
 }  // namespace
 
 std::vector<SurfacePoint> ReadSurfacePoints(const std::string& path) {
-    const std::string text = ReadWholeFile(path);
+    const FileText file = ReadFileText(path);
+    const std::string_view text = file.View();
     const std::uint64_t lines = CountLines(text);
     if (lines == 0) throw Failure(FailureKind::SubscriptOutOfRange, path + " has no lines");
     if (lines > static_cast<std::uint64_t>(std::numeric_limits<std::int32_t>::max())) {
         throw Failure(FailureKind::Overflow, "NumPoints");
     }
     RequireMemory(lines * sizeof(SurfacePoint), path);
-    std::vector<SurfacePoint> points(static_cast<std::size_t>(lines));
+    std::vector<SurfacePoint> points;
+    points.reserve(static_cast<std::size_t>(lines));
+    HintLargePages(points.data(), points.capacity() * sizeof(SurfacePoint));
     FieldReader reader(text, path);
-    for (SurfacePoint& p : points) {
+    for (std::uint64_t i = 0; i < lines; ++i) {
+        SurfacePoint& p = points.emplace_back();
         p.x = reader.ReadNumber();
         p.y = reader.ReadNumber();
         p.z = reader.ReadNumber();
@@ -153,8 +166,8 @@ SurfaceGrid BuildCells(const std::vector<SurfacePoint>& points, const GridLimits
     SurfaceGrid grid;
     grid.NumX = size.NumX;
     grid.NumY = size.NumY;
-    grid.Z.assign(cells, 0);
-    const auto places = std::make_shared<std::vector<Place>>(cells);
+    grid.Z = ZeroCells<double>(cells);
+    const auto places = std::make_shared<std::vector<Place>>(ZeroCells<Place>(cells));
     if (rule == CellRule::Rounded) {
         PlacePoints<CellRule::Rounded>(points, limits, steps, *places, grid);
     } else {

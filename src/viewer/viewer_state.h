@@ -7,6 +7,7 @@
 #include <variant>
 #include <vector>
 
+#include "viewer/random_teeth.h"
 #include "viewer/surface_grid.h"
 
 namespace crownlab {
@@ -150,7 +151,9 @@ struct ViewerState {
     bool VrmlActive = false;
 
     // Multi-tooth files.
-    std::vector<Tooth> Teeth;
+    std::vector<Tooth> Teeth;  ///< as many as are allowed in memory, those behind NumTeeth empty; none before the first read
+    int NumTeeth = 0;          ///< teeth of the file
+    std::string GridStepDirection;  ///< how x runs in the file (see FindToothSteps); nothing in the window tells it
     double AllZMin = 0;
     double AllZMax = 0;
     int CurrTooth = 0;
@@ -158,6 +161,7 @@ struct ViewerState {
     double ViewLast = 0;
     bool CancelMulti = false;
     ToothTable Table;
+    RandomSource Random;
 };
 
 }  // namespace crownlab
