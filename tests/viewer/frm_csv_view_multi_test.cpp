@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 
-#include "basis/number_text.h"
 #include "forms/acts.h"
 #include "basis/number_text.h"
 #include "support/expect_failure.h"

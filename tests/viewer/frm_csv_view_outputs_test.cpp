@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 
-#include "basis/number_text.h"
 #include "basis/paths.h"
 #include "basis/number_text.h"
 #include "forms/acts.h"
