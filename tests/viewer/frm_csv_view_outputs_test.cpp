@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "basis/paths.h"
 #include "basis/number_text.h"
+#include "basis/paths.h"
 #include "forms/acts.h"
 #include "support/expect_failure.h"
 #include "support/temp_folder.h"
