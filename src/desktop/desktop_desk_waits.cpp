@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QWindow>
 #include <algorithm>
 
 #include "application/application.h"
@@ -112,9 +113,12 @@ void DesktopDesk::ShowFailure(const Failure& failure) {
 }
 
 void DesktopDesk::ShowModal(Form& form) {
+    QWidget* const front = FrontWindow();
     form.Shown = true;
     form.Modal = true;
     FormShown(form);
+    // Window managers keep it above the window that asked for it.
+    if (front != nullptr) WindowOf(form)->windowHandle()->setTransientParent(front->windowHandle());
     QEventLoop loop;
     modal_.emplace_back(&form, &loop);
     WaitIn(loop, InputGuard::Open::One, WindowOf(form));
