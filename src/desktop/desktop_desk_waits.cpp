@@ -113,16 +113,19 @@ void DesktopDesk::ShowFailure(const Failure& failure) {
 }
 
 void DesktopDesk::ShowModal(Form& form) {
-    QWidget* const front = FrontWindow();
+    const QPointer<QWidget> front = FrontWindow();
     form.Shown = true;
     form.Modal = true;
     FormShown(form);
     // Window managers keep it above the window that asked for it.
-    if (front != nullptr) WindowOf(form)->windowHandle()->setTransientParent(front->windowHandle());
+    if (const QWidget* const above = front.data(); above != nullptr) {
+        WindowOf(form)->windowHandle()->setTransientParent(above->windowHandle());
+    }
     QEventLoop loop;
     modal_.emplace_back(&form, &loop);
     WaitIn(loop, InputGuard::Open::One, WindowOf(form));
     modal_.pop_back();
+    if (QWidget* const back = front.data(); back != nullptr && back->isVisible()) back->activateWindow();
     if (ending_) throw ExitProgram{};
 }
 

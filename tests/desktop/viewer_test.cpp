@@ -162,7 +162,8 @@ TEST_F(Viewer, TheSurfaceIsSavedUnderANameAskedFor) {
     Click("cmdOutputCSV");
     EXPECT_TRUE(QFile::exists("copy.csv"));
     EXPECT_FALSE(Session.App.Windows().IsLoaded("frmSaveFile"));
-    EXPECT_EQ(Find<EntryList>("File1").count(), 2) << "coming back to the window lists the new file";
+    const auto& files = Find<EntryList>("File1");
+    EXPECT_TRUE(QTest::qWaitFor([&files] { return files.count() == 2; })) << "coming back to the window lists the new file";
 }
 
 TEST_F(Viewer, TheModelIsShownAndFitted) {
