@@ -83,9 +83,14 @@ std::string WithSeparator(std::string_view folder) {
 
 std::string AbsolutePath(const std::string& path) {
     std::error_code error;
-    fs::path absolute = fs::absolute(path, error).lexically_normal();
+    const fs::path absolute = fs::absolute(path, error).lexically_normal();
     if (error) throw Failure(FailureKind::PathNotFound, path);
     std::string text = absolute.string();
+#ifndef _WIN32
+    // Two separators in front mean the root as well, and would be kept.
+    const std::size_t name = std::min(text.find_first_not_of(kPathSeparator), text.size());
+    if (name > 1) text.erase(0, name - 1);
+#endif
     while (text.size() > 1 && EndsWithSeparator(text) && fs::path(text) != fs::path(text).root_path()) text.pop_back();
     return text;
 }

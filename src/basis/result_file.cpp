@@ -36,12 +36,16 @@ std::string TemporaryName(const std::string& target) {
     return (path.parent_path() / name).string();
 }
 
-/// The file that a write to `path` reaches in the end: a link's goal, else the path itself.
+/// The file that a write to `path` reaches in the end: a link's goal, which may be missing, else the path itself.
 std::string ThroughLinks(const std::string& path) {
+    constexpr int mostLinks = 40;  // as many as the system itself follows
+    fs::path goal = path;
     std::error_code error;
-    if (!fs::is_symlink(path, error)) return path;
-    const fs::path goal = fs::weakly_canonical(path, error);
-    return error ? path : goal.string();
+    for (int i = 0; i < mostLinks && fs::is_symlink(goal, error); ++i) {
+        goal = goal.parent_path() / fs::read_symlink(goal, error);
+        if (error) return path;
+    }
+    return goal.string();
 }
 
 bool MayReplace(const std::string& path) {
@@ -66,11 +70,11 @@ ResultFile::ResultFile(FileTable& table, std::string path, Mode mode)
     std::error_code error;
     const bool regular = !exists || fs::is_regular_file(target_, error);
     written_ = mode == Mode::Replace && regular ? TemporaryName(target_) : target_;
+    buffer_.reserve(kBufferSize);
     file_ = std::fopen(written_.c_str(), mode == Mode::Append ? "ab" : "wb");
     if (file_ == nullptr) FailToWrite(errno);
     if (exists && written_ != target_) fs::permissions(written_, fs::status(target_, error).permissions(), error);
     table_.open_.insert(this);
-    buffer_.reserve(kBufferSize);
 }
 
 ResultFile::~ResultFile() { Drop(); }

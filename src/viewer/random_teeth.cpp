@@ -11,7 +11,7 @@
 
 namespace crownlab {
 
-double NextRandom(RandomNumbers& random) {
+double NextRandom(RandomSource& random) {
     constexpr double range = 4294967296.0;  // of the engine's 32 bits
     return random.Engine() / range;
 }
@@ -23,14 +23,14 @@ ClockReading PresentClock() {
     return {.Day = local->tm_mday, .Minute = local->tm_min, .Second = local->tm_sec};
 }
 
-void SeedRandom(RandomNumbers& random, const ClockReading& clock) {
+void SeedRandom(RandomSource& random, const ClockReading& clock) {
     NextRandom(random);
     const double number = RoundDecimals(clock.Day + clock.Minute / 60.0 + clock.Second / 3600.0, 3);
     const double steps = RoundHalfEven(number * 1000);
     for (double step = 0; step < steps; ++step) NextRandom(random);
 }
 
-std::vector<double> PickTeeth(std::int32_t count, std::int32_t picks, RandomNumbers& random) {
+std::vector<double> PickTeeth(std::int32_t count, std::int32_t picks, RandomSource& random) {
     const std::int32_t taken = std::min(count, picks);
     if (taken <= 0) return {};
     constexpr std::uint64_t bytesPerPick = 40;  // a node of the set and its place in the list

@@ -161,7 +161,7 @@ struct ViewerState {
     double ViewLast = 0;
     bool CancelMulti = false;
     ToothTable Table;
-    RandomNumbers Random;
+    RandomSource Random;
 };
 
 }  // namespace crownlab

@@ -1,0 +1,184 @@
+#include "desktop/desktop_desk.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QEventLoop>
+#include <QTimer>
+#include <QUrl>
+#include <algorithm>
+#include <utility>
+
+#include "application/application.h"
+#include "basis/failure.h"
+#include "desktop/shown_text.h"
+
+namespace crownlab {
+namespace {
+
+/// Redraw points that follow one another faster than a screen shows them are passed over.
+constexpr qint64 kRedrawPause = 40;  // milliseconds
+/// How long a yield serves events at most, handlers that they start not counted.
+constexpr int kYieldTime = 20;  // milliseconds
+
+}  // namespace
+
+DesktopDesk::DesktopDesk(FormWindow::LayoutMaker layout, std::function<void(int)> finish)
+    : layout_(std::move(layout)), finish_(std::move(finish)) {}
+
+DesktopDesk::~DesktopDesk() = default;
+
+int DesktopDesk::Run(Application& application) {
+    // Out of the event loop, so that ending at start-up ends a loop that runs.
+    QTimer::singleShot(0, qApp, [this, &application] { Start(application); });
+    QApplication::exec();
+    return status_;
+}
+
+void DesktopDesk::Start(Application& application) {
+    Act("frmStartup.Form_Load", [&application] { application.Start(); });
+    started_ = true;
+    EndIfNothingIsLeft();
+}
+
+void DesktopDesk::Act(const std::string& where, const std::function<void()>& act, Pointer pointer) {
+    if (ending_ || drawing_) return;
+    const bool pointerBefore = waitPointer_;
+    if (pointer == Pointer::Wait) SetWaitPointer(true);
+    ++running_;
+    try {
+        Dispatch(*this, where, act);
+    } catch (const ExitProgram&) {
+        End(0);
+    }
+    CopyAll();
+    --running_;
+    SetWaitPointer(pointerBefore);
+    if (running_ > 0) return;
+    // Deleted by the event loop, when the widget that called this handler has returned too.
+    for (std::unique_ptr<FormWindow>& window : retired_) window.release()->deleteLater();
+    retired_.clear();
+    RunLater();
+    EndIfNothingIsLeft();
+}
+
+void DesktopDesk::ActLater(FormWindow& window, std::function<void()> act) { later_.emplace_back(&window, std::move(act)); }
+
+void DesktopDesk::RunLater() {
+    const auto due = std::exchange(later_, {});
+    for (const auto& [guarded, act] : due) {
+        const FormWindow* const window = guarded.data();
+        if (window != nullptr && window->Attached() != nullptr) act();
+    }
+}
+
+void DesktopDesk::CloseForm(Form& form) {
+    Act(form.Name + ".Form_Unload", [this, &form] {
+        // The main window lives as long as the process; its close box hides it.
+        if (form.Name == "frmStartup") {
+            form.Shown = false;
+            if (FormWindow* const window = WindowOf(form)) window->hide();
+        } else {
+            form.App.Windows->Unload(form.Name);
+        }
+    });
+}
+
+FormWindow* DesktopDesk::WindowOf(const Form& form) const {
+    const auto found = windows_.find(&form);
+    return found == windows_.end() ? nullptr : found->second.get();
+}
+
+QWidget* DesktopDesk::FrontWindow() const {
+    if (QWidget* const active = QApplication::activeWindow()) return active;
+    for (const auto& [form, window] : windows_) {
+        if (window->isVisible()) return window.get();
+    }
+    return nullptr;
+}
+
+void DesktopDesk::CopyAll() {
+    for (const auto& [form, window] : windows_) {
+        if (window->isVisible()) window->CopyRecords();
+    }
+}
+
+void DesktopDesk::SetWaitPointer(bool on) {
+    if (on == waitPointer_) return;
+    waitPointer_ = on;
+    if (on) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+    }
+}
+
+void DesktopDesk::End(int status) {
+    ending_ = true;
+    status_ = status;
+    for (QEventLoop* const loop : loops_) loop->quit();
+}
+
+void DesktopDesk::EndIfNothingIsLeft() {
+    if (running_ > 0) return;
+    const bool anyVisible =
+        std::any_of(windows_.begin(), windows_.end(), [](const auto& entry) { return entry.second->isVisible(); });
+    if (ending_ || (started_ && !anyVisible)) {
+        ending_ = true;
+        finish_(status_);
+    }
+}
+
+void DesktopDesk::Yield() {
+    CopyAll();
+    QCoreApplication::processEvents(QEventLoop::AllEvents, kYieldTime);
+    RunLater();
+    sinceRedraw_.start();
+    // The program ends at once: the handlers that wait here are left, and drop what they have half written.
+    if (ending_) throw ExitProgram{};
+}
+
+void DesktopDesk::Redraw() {
+    if (sinceRedraw_.isValid() && sinceRedraw_.elapsed() < kRedrawPause) return;
+    CopyAll();
+    // A held scroll bar moves by a timer: that is a person's act too, and waits.
+    drawing_ = true;
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, kYieldTime);
+    drawing_ = false;
+    sinceRedraw_.start();
+}
+
+void DesktopDesk::FormShown(Form& form) {
+    std::unique_ptr<FormWindow>& window = windows_[&form];
+    if (!window) window = std::make_unique<FormWindow>(form, *this, layout_);
+    window->CopyRecords();
+    if (window->isMinimized()) {
+        window->showNormal();
+    } else {
+        window->show();
+    }
+    window->raise();
+    window->activateWindow();
+}
+
+void DesktopDesk::FormUnloaded(Form& form) {
+    const auto found = windows_.find(&form);
+    if (found != windows_.end()) {
+        found->second->Detach();
+        retired_.push_back(std::move(found->second));
+        windows_.erase(found);
+    }
+    for (const auto& [modalForm, loop] : modal_) {
+        if (modalForm == &form) loop->quit();
+    }
+}
+
+// Reaching into another program's windows comes with the sessions that need it; until then there is none to find.
+bool DesktopDesk::ActivateWindow(const std::string&) { return false; }
+void DesktopDesk::SendKeys(const std::string&) {}
+
+std::string DesktopDesk::ClipboardText() { return RecordText(QApplication::clipboard()->text()); }
+
+void DesktopDesk::OpenFile(const std::string& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(ShownText(path))); }
+
+}  // namespace crownlab

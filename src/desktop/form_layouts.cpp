@@ -1,0 +1,49 @@
+#include "desktop/form_layouts.h"
+
+#include <array>
+#include <stdexcept>
+
+#include "ui_frmAbout.h"
+#include "ui_frmCSVView.h"
+#include "ui_frmDefDir.h"
+#include "ui_frmSaveFile.h"
+#include "ui_frmStartup.h"
+
+namespace crownlab {
+namespace {
+
+template <typename Layout>
+void SetUp(QWidget& window) {
+    // The record of pointers isn't kept: widgets are found by name.
+    Layout{}.setupUi(&window);
+}
+
+struct FormLayout {
+    const char* Form;
+    void (*SetUp)(QWidget& window);
+};
+
+constexpr std::array<FormLayout, 5> kLayouts{{
+    {"frmStartup", SetUp<Ui::frmStartup>},
+    {"frmDefDir", SetUp<Ui::frmDefDir>},
+    {"frmAbout", SetUp<Ui::frmAbout>},
+    {"frmSaveFile", SetUp<Ui::frmSaveFile>},
+    {"frmCSVView", SetUp<Ui::frmCSVView>},
+}};
+
+}  // namespace
+
+void SetUpLayout(const std::string& form, QWidget& window) {
+    for (const FormLayout& layout : kLayouts) {
+        if (form == layout.Form) return layout.SetUp(window);
+    }
+    throw std::logic_error("there is no layout for " + form);
+}
+
+std::vector<std::string> LaidOutForms() {
+    std::vector<std::string> forms;
+    for (const FormLayout& layout : kLayouts) forms.emplace_back(layout.Form);
+    return forms;
+}
+
+}  // namespace crownlab

@@ -1,0 +1,188 @@
+#include "desktop/vrml_scene.h"
+
+#include <Inventor/SbViewportRegion.h>
+#include <Inventor/SoDB.h>
+#include <Inventor/SoInput.h>
+#include <Inventor/SoSceneManager.h>
+#include <Inventor/actions/SoGLRenderAction.h>
+#include <Inventor/actions/SoSearchAction.h>
+#include <Inventor/elements/SoGLCacheContextElement.h>
+#include <Inventor/errors/SoReadError.h>
+#include <Inventor/nodes/SoDirectionalLight.h>
+#include <Inventor/nodes/SoPerspectiveCamera.h>
+#include <Inventor/nodes/SoSeparator.h>
+#include <Inventor/VRMLnodes/SoVRMLBackground.h>
+#include <Inventor/VRMLnodes/SoVRMLViewpoint.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace crownlab {
+namespace {
+
+constexpr QColor kSky(255, 255, 255);
+
+/// The first complaint of the reader in hand; Coin calls back without a place for a user's data of one read.
+std::string firstReadError;
+
+void TakeReadError(const SoError* error, void*) {
+    if (firstReadError.empty()) firstReadError = error->getDebugString().getString();
+}
+
+/// Coin is set up once in the process, when the first scene is made.
+void SetUpCoin() {
+    static const bool done = [] {
+        SoDB::init();
+        SoReadError::setHandlerCallback(TakeReadError, nullptr);
+        return true;
+    }();
+    (void)done;
+}
+
+template <typename Node>
+Node* FindFirst(SoNode* root) {
+    SoSearchAction search;
+    search.setType(Node::getClassTypeId());
+    search.setInterest(SoSearchAction::FIRST);
+    search.setSearchingAll(true);
+    search.apply(root);
+    return search.getPath() != nullptr ? static_cast<Node*>(search.getPath()->getTail()) : nullptr;
+}
+
+}  // namespace
+
+struct VrmlScene::Coin {
+    SoSeparator* Root = new SoSeparator;
+    SoPerspectiveCamera* Camera = new SoPerspectiveCamera;
+    SoDirectionalLight* Headlight = new SoDirectionalLight;
+    SoSeparator* Model = nullptr;
+    SoSceneManager Manager;
+    QColor Sky = kSky;
+    bool HasViewpoint = false;
+
+    Coin() {
+        Root->ref();
+        Root->addChild(Camera);
+        Root->addChild(Headlight);
+        Manager.setSceneGraph(Root);
+    }
+    Coin(const Coin&) = delete;
+    Coin& operator=(const Coin&) = delete;
+    ~Coin() {
+        Manager.setSceneGraph(nullptr);
+        Root->unref();
+    }
+
+    void SetModel(SoSeparator* model) {
+        if (Model != nullptr) Root->removeChild(Model);
+        Model = model;
+        if (Model != nullptr) Root->addChild(Model);
+    }
+
+    void LookFromViewpoint() {
+        const SoVRMLViewpoint* const viewpoint = FindFirst<SoVRMLViewpoint>(Model);
+        HasViewpoint = viewpoint != nullptr;
+        if (!HasViewpoint) {
+            Camera->orientation = SbRotation::identity();
+            return;
+        }
+        Camera->position = viewpoint->position.getValue();
+        Camera->orientation = viewpoint->orientation.getValue();
+        Camera->heightAngle = viewpoint->fieldOfView.getValue();
+        Camera->focalDistance = std::max(1e-3f, viewpoint->position.getValue().length());
+    }
+
+    void TakeSky() {
+        Sky = kSky;
+        const SoVRMLBackground* const background = FindFirst<SoVRMLBackground>(Model);
+        if (background == nullptr || background->skyColor.getNum() == 0) return;
+        const SbColor sky = background->skyColor[0];
+        Sky = QColor::fromRgbF(std::clamp(sky[0], 0.f, 1.f), std::clamp(sky[1], 0.f, 1.f), std::clamp(sky[2], 0.f, 1.f));
+    }
+
+    SbVec3f Direction(const SbVec3f& inCamera) const {
+        SbVec3f direction;
+        Camera->orientation.getValue().multVec(inCamera, direction);
+        return direction;
+    }
+
+    SbVec3f Focus() const {
+        return Camera->position.getValue() + Direction(SbVec3f(0, 0, -1)) * Camera->focalDistance.getValue();
+    }
+
+    /// Stands the camera `distance` before `focus`, as it is turned.
+    void Stand(const SbVec3f& focus, float distance) {
+        Camera->focalDistance = distance;
+        Camera->position = focus - Direction(SbVec3f(0, 0, -1)) * distance;
+    }
+};
+
+VrmlScene::VrmlScene() {
+    SetUpCoin();
+    coin_ = std::make_unique<Coin>();
+}
+
+VrmlScene::~VrmlScene() = default;
+
+std::string VrmlScene::Read(const std::string& file) {
+    coin_->SetModel(nullptr);
+    firstReadError.clear();
+    SoInput input;
+    if (!input.openFile(file.c_str(), TRUE)) return "can't be opened";
+    SoSeparator* const model = SoDB::readAll(&input);
+    if (model == nullptr) return firstReadError.empty() ? "holds no scene" : firstReadError;
+    coin_->SetModel(model);
+    coin_->LookFromViewpoint();
+    coin_->TakeSky();
+    if (!coin_->HasViewpoint) Fit(QSize(1, 1));
+    return {};
+}
+
+void VrmlScene::Fit(QSize view) {
+    if (coin_->Model == nullptr || view.isEmpty()) return;
+    const SbViewportRegion region(static_cast<short>(view.width()), static_cast<short>(view.height()));
+    coin_->Camera->viewAll(coin_->Model, region);
+}
+
+void VrmlScene::Turn(double acrossShare, double downShare) {
+    const SbVec3f focus = coin_->Focus();
+    const float distance = coin_->Camera->focalDistance.getValue();
+    const SbRotation across(SbVec3f(0, 1, 0), static_cast<float>(-acrossShare * std::numbers::pi));
+    const SbRotation down(SbVec3f(1, 0, 0), static_cast<float>(-downShare * std::numbers::pi));
+    coin_->Camera->orientation = down * across * coin_->Camera->orientation.getValue();
+    coin_->Stand(focus, distance);
+}
+
+void VrmlScene::Shift(double acrossShare, double downShare) {
+    // At the distance of the focus the view is this high.
+    const float height =
+        2 * coin_->Camera->focalDistance.getValue() * std::tan(coin_->Camera->heightAngle.getValue() / 2);
+    const SbVec3f inCamera(static_cast<float>(-acrossShare) * height, static_cast<float>(downShare) * height, 0);
+    coin_->Camera->position = coin_->Camera->position.getValue() + coin_->Direction(inCamera);
+}
+
+void VrmlScene::Approach(double factor) {
+    coin_->Stand(coin_->Focus(), coin_->Camera->focalDistance.getValue() * static_cast<float>(factor));
+}
+
+void VrmlScene::Draw(QSize view, unsigned context) {
+    coin_->Headlight->direction = coin_->Direction(SbVec3f(0, 0, -1));
+    SoSceneManager& manager = coin_->Manager;
+    manager.getGLRenderAction()->setCacheContext(context);
+    const SbVec2s size(static_cast<short>(view.width()), static_cast<short>(view.height()));
+    manager.setWindowSize(size);
+    manager.setViewportRegion(SbViewportRegion(size));
+    const QColor sky = Background();
+    manager.setBackgroundColor(SbColor(sky.redF(), sky.greenF(), sky.blueF()));
+    manager.render(TRUE, TRUE);
+}
+
+unsigned VrmlScene::NewContext() {
+    SetUpCoin();
+    return SoGLCacheContextElement::getUniqueCacheContext();
+}
+
+QColor VrmlScene::Background() const { return coin_->Sky; }
+
+}  // namespace crownlab

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QColor>
+#include <QSize>
+#include <memory>
+#include <string>
+
+namespace crownlab {
+
+/// A VRML file with a camera that looks at it. Needs no OpenGL until it is drawn.
+class VrmlScene {
+public:
+    VrmlScene();
+    ~VrmlScene();
+    VrmlScene(const VrmlScene&) = delete;
+    VrmlScene& operator=(const VrmlScene&) = delete;
+
+    /// Reads a file in place of the scene so far. Returns what is wrong with it, empty if it was read; the
+    /// scene is empty if not. The camera starts at the file's first viewpoint, or so that all is seen.
+    std::string Read(const std::string& file);
+
+    /// Moves the camera so that all is seen, in the direction in which it looks. `view` is the size of the view.
+    void Fit(QSize view);
+    /// Turns the model under the mouse; a move by the height or width of the view is half a turn.
+    void Turn(double acrossShare, double downShare);
+    /// Shifts the model by a share of the view's height.
+    void Shift(double acrossShare, double downShare);
+    /// Brings the camera nearer (`factor` below 1) or farther.
+    void Approach(double factor);
+
+    /// Draws into the current OpenGL context; `view` in device pixels, `context` numbers the OpenGL context.
+    void Draw(QSize view, unsigned context);
+    /// A number for Draw, one for each OpenGL context.
+    static unsigned NewContext();
+
+    QColor Background() const;
+
+private:
+    struct Coin;
+    std::unique_ptr<Coin> coin_;
+};
+
+}  // namespace crownlab

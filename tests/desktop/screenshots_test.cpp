@@ -1,0 +1,83 @@
+// Pictures of every window, and of every page of the viewer with a surface in it, kept with the build.
+#include <QAbstractButton>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QTabWidget>
+#include <array>
+
+#include "desktop_session.h"
+#include "forms/acts.h"
+
+namespace crownlab {
+namespace {
+
+/// True if all of a label's text is seen.
+bool FitsText(const QLabel& label) {
+    if (label.text().isEmpty() || !label.isVisible()) return true;
+    const QRect room = label.contentsRect();
+    if (label.wordWrap()) return label.heightForWidth(room.width()) <= label.height() + 1;
+    return label.sizeHint().width() <= label.width() + 1 && label.sizeHint().height() <= label.height() + 1;
+}
+
+void ExpectNothingIsCutOff(const QWidget& window) {
+    for (const QLabel* const label : window.findChildren<QLabel*>()) {
+        // The path of a folder may be longer than any window.
+        if (label->objectName() == "lblFolder" || label->objectName() == "lblDefDir") continue;
+        EXPECT_TRUE(FitsText(*label)) << label->objectName().toStdString() << " " << label->text().toStdString();
+    }
+    for (const QAbstractButton* const button : window.findChildren<QAbstractButton*>()) {
+        if (!button->isVisible() || button->text().isEmpty()) continue;
+        EXPECT_LE(button->minimumSizeHint().width(), button->width()) << button->objectName().toStdString();
+    }
+}
+
+void Keep(QWidget& window, const char* name) {
+    QTest::qWait(50);
+    const QPixmap picture = window.grab();
+    QDir().mkpath(CROWNLAB_SCREENSHOTS);
+    const QString path = QString("%1/%2.png").arg(CROWNLAB_SCREENSHOTS, name);
+    EXPECT_TRUE(picture.save(path)) << path.toStdString();
+    ExpectNothingIsCutOff(window);
+}
+
+TEST(Screenshots, MainWindowAndDialogs) {
+    DesktopSession session;
+    session.Click("frmStartup", "lblTooth");
+    Keep(session.Window("frmStartup"), "frmStartup");
+    Keep(session.Open("frmDefDir"), "frmDefDir");
+    Keep(session.Open("frmAbout"), "frmAbout");
+    QDir(QString::fromStdString(session.Folder.Path())).mkdir("teeth");
+    PutFile(session.Folder / "m1.csv", "1,1,1\r\n");
+    Keep(session.Open("frmSaveFile"), "frmSaveFile");
+}
+
+TEST(Screenshots, EveryPageOfTheViewer) {
+    DesktopSession session;
+    for (const char* const name : {"crown.csv", "teeth.csv"}) {
+        ASSERT_TRUE(QFile::copy(QString("%1/%2").arg(CROWNLAB_SAMPLES, name), name));
+    }
+    FormWindow& window = session.Open("frmCSVView");
+    // The size that a person gets who opens it.
+    session.Get<CheckBox>("frmCSVView", "chkViewOnClick").Checked = false;
+    session.Desk.Act("test", [&] {
+        SelectEntry(session.Get<FileList>("frmCSVView", "File1"), "crown.csv");
+        Press(session.Get<CommandButton>("frmCSVView", "cmdReadCSV"));
+        Press(session.Get<CommandButton>("frmCSVView", "cmdProcClump"));
+    });
+    auto& tabs = session.Find<QTabWidget>("frmCSVView", "layoutTabs");
+    const std::array<const char*, 5> pages{"patches", "contour", "statistics", "teeth", "output"};
+    ASSERT_EQ(tabs.count(), static_cast<int>(pages.size()));
+    for (int i = 0; i < tabs.count(); ++i) {
+        tabs.setCurrentIndex(i);
+        if (i == 4) session.Click("frmCSVView", "cmdCopyWRL");
+        Keep(window, ("frmCSVView-" + std::string(pages[static_cast<std::size_t>(i)])).c_str());
+    }
+    window.resize(window.minimumSizeHint());
+    tabs.setCurrentIndex(0);
+    Keep(window, "frmCSVView-smallest");
+    std::printf("smallest %d x %d\n", window.width(), window.height());
+}
+
+}  // namespace
+}  // namespace crownlab
