@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "forms/acts.h"
+#include "basis/number_text.h"
 #include "support/expect_failure.h"
 #include "support/temp_folder.h"
 #include "viewer_window.h"
@@ -14,7 +15,7 @@ using ::testing::SizeIs;
 
 /// A tooth of four points whose y always changes; its heights reach `height`.
 std::string Tooth4(double height, double parameter11 = 0) {
-    return "0," + std::to_string(parameter11) + "\n1,2,3,4,5,6,7,8,9,10\n1,1,0\n2,2,-" + std::to_string(height) +
+    return "0," + GeneralText(parameter11) + "\n1,2,3,4,5,6,7,8,9,10\n1,1,0\n2,2,-" + GeneralText(height) +
            "\n3,1,-1\n4,2,-2\n666\n";
 }
 

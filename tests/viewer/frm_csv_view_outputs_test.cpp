@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "basis/paths.h"
+#include "basis/number_text.h"
 #include "forms/acts.h"
 #include "support/expect_failure.h"
 #include "support/temp_folder.h"
@@ -13,8 +14,8 @@ using ::testing::ElementsAre;
 
 /// A tooth whose 3 by 3 cells hold one height in the middle.
 std::string ToothOf(double parameter1, double height) {
-    return "0,0\n" + std::to_string(parameter1) + ",0,0,0,0,0,0,0,0,0\n1,1,0\n2,2,-9\n3,1,-1\n4,2,-" +
-           std::to_string(height) + "\n666\n";
+    return "0,0\n" + GeneralText(parameter1) + ",0,0,0,0,0,0,0,0,0\n1,1,0\n2,2,-9\n3,1,-1\n4,2,-" +
+           GeneralText(height) + "\n666\n";
 }
 
 const std::string kNoPoints = "0,0\n7,0,0,0,0,0,0,0,0,0\n666\n";
