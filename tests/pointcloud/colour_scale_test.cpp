@@ -43,7 +43,8 @@ TEST(ColourScale, RainbowBandsEndWhereTheNextBegin) {
     EXPECT_EQ(Text(RainbowColour(0.5)), "0 1 0.5");
     EXPECT_EQ(Text(RainbowColour(0.6)), "0 1 1");
     EXPECT_EQ(Text(RainbowColour(0.7)), "0 0.5 1");
-    EXPECT_EQ(Text(RainbowColour(0.8)), "0 0 1");
+    EXPECT_NEAR(RainbowColour(0.8).Green, 0, 1e-15);  // 0.8 - 0.6 isn't quite 0.2
+    EXPECT_EQ(RainbowColour(0.8).Blue, 1);
     EXPECT_EQ(Text(RainbowColour(0.9)), "0.5 0 1");
     EXPECT_EQ(Text(RainbowColour(1)), "1 0 1");
 }

@@ -38,7 +38,7 @@ TEST_F(ColouredWrlTest, VerticesOfTheModel) {
     const ColourScale scale = MakeColourScale({0.1, 0.25, 0.15, 0.25});
     EXPECT_EQ(Write(&scale, false),
               "#VRML V2.0 utf8\r\n  solid TRUE\r\npoint [\r\n0 0 0.5,\r\n1 0 0,\r\n0 1 0,\r\n1 1 0,\r\n          ]\r\n"
-              "}\r\ncoordIndex [\r\n0,1,2,-1\r\n        ]\r\n        color Color { color [ \r\n0.5 1 0,\r\n1 0 1,\r\n"
+              "}\r\ncoordIndex [\r\n0,1,2,-1\r\n        ]\r\n        color Color { color [ \r\n0 1 0.5,\r\n1 0 1,\r\n"
               "          ]\r\n        }\r\n        colorPerVertex TRUE\r\n        colorIndex [ \r\n1,0,1,-1\r\n"
               "        ]\r\n        solid FALSE\r\ncolorPerVertex FALSE\r\n}\r\n");
 }

@@ -228,12 +228,13 @@ TEST(EnamelThickness, IdenticalCloudsAreAtNoDistance) {
 }
 
 TEST(EnamelThickness, ANearerPointInTheNextBinIsFound) {
-    // Bin 1 of x holds the point at 0.24 and one at 0.1; the nearest is just across the border.
-    const Outcome run = Measure({{0.24, 0.1, 0.1}}, {{0.1, 0.1, 0.1}, {0.26, 0.1, 0.1}}, 0.25);
-    EXPECT_DOUBLE_EQ(run.Nearest[0], 0.02);
+    // The point's own bin, up to 0.25, holds one 3/32 away; the nearest is just across the border.
+    const Outcome run = Measure({{0.21875, 0.125, 0.125}}, {{0.125, 0.125, 0.125}, {0.28125, 0.125, 0.125}}, 0.25);
+    EXPECT_EQ(run.Nearest[0], 0.0625);
     EXPECT_EQ(run.Searches[0].ShellReach, 1);
-    EXPECT_DOUBLE_EQ(run.Searches[0].FaceX, 0.26);
-    EXPECT_DOUBLE_EQ(run.Searches[0].FaceY, 0.35);
+    EXPECT_EQ(run.Searches[0].FaceX, 0.28125);
+    EXPECT_EQ(run.Searches[0].FaceY, 0.375);
+    EXPECT_EQ(run.Searches[0].FaceZ, 0.375);
 }
 
 TEST(EnamelThickness, APointOnAFaceWidensOnceForAnyDistance) {
