@@ -24,7 +24,7 @@ vrml::Vector PositionOf(const SurfaceGrid& grid, const SurfaceModel& model, doub
 }
 
 void WriteHeights(ResultFile& file, const SurfaceGrid& grid, double zLow) {
-    for (int row = 1; row <= grid.NumY; ++row) {
+    for (int row = grid.NumY; row >= 1; --row) {
         for (int column = 1; column <= grid.NumX; ++column) {
             const double z = grid.z(column, row);
             file.PrintNumber(RoundDecimals(z == kEmptyCellZ ? zLow : z, 4));
@@ -53,7 +53,8 @@ void WriteSurfaceWrl(FileTable& files, const std::string& path, const SurfaceGri
     file.Line();
     vrml::WriteTransformStart(file, vrml::Number(scale, 3));
     vrml::WriteShapeStart(file);
-    vrml::WriteElevationGridStart(file, grid.NumX, grid.NumY, vrml::Number(model.StepX, 4), vrml::Number(model.StepY, 4));
+    vrml::WriteElevationGridStart(file, grid.NumX, grid.NumY, vrml::Number(model.StepX, 4),
+                                  vrml::Number(model.StepY, 4));
     WriteHeights(file, grid, model.ZLow);
     vrml::WriteElevationGridEnd(file);
     vrml::WriteTransformEnd(file);
