@@ -7,6 +7,9 @@
 #include <QTabWidget>
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <optional>
+#include <utility>
 
 #include "desktop/bind_kinds.h"
 #include "desktop/desktop_desk.h"
@@ -19,46 +22,43 @@
 namespace crownlab {
 namespace {
 
-/// Moves of a bar while its own handler runs wait for its end, and only the last counts: else the handler that
-/// began first would end last, and show where the bar no longer stands.
-struct BarMoves {
+/// What the widget of a bar was told last, and where a person moved it meanwhile.
+struct BarState {
+    ShownState<int, int, int, int, bool, bool> Shown;
     bool Running = false;
-    bool Waiting = false;
+    std::optional<int> Wanted;
 };
 
+/// Moves of a bar while its own handler runs wait for its end, and only the last counts: else the handler that
+/// began first would end last, and show where the bar no longer stands.
 template <typename Bar>
-void Move(FormWindow& window, Bar& bar, QAbstractSlider& widget, BarMoves& moves) {
-    if (moves.Running) {
-        moves.Waiting = true;
-        return;
+void Move(FormWindow& window, Bar& bar, int value, BarState& state) {
+    state.Shown.Forget();
+    state.Wanted = value;
+    if (state.Running) return;
+    state.Running = true;
+    while (state.Wanted && window.Attached() != nullptr) {
+        const int wanted = *std::exchange(state.Wanted, std::nullopt);
+        window.Act(bar, "Change", [&bar, wanted] { SetValue(bar, wanted); });
     }
-    moves.Running = true;
-    do {
-        moves.Waiting = false;
-        window.Act(bar, "Change", [&bar, value = widget.value()] { SetValue(bar, value); });
-    } while (moves.Waiting && window.Attached() != nullptr);
-    moves.Running = false;
+    state.Running = false;
 }
 
-template <typename Bar>
-SharedState<int, int, int, int, bool, bool> ConnectBar(FormWindow& window, Bar& bar, QAbstractSlider& widget) {
-    auto shown = MakeState<int, int, int, int, bool, bool>();
-    const auto moves = std::make_shared<BarMoves>();
-    QObject::connect(&widget, &QAbstractSlider::valueChanged, &window, [shown, moves, &window, &bar, &widget] {
-        shown->Forget();
-        Move(window, bar, widget, *moves);
-    });
-    return shown;
-}
-
-template <typename Bar>
-void ShowBar(const Bar& bar, int step, QAbstractSlider& widget) {
-    const QSignalBlocker blocker(widget);
-    widget.setRange(std::min(bar.Min, bar.Max), std::max(bar.Min, bar.Max));
-    widget.setPageStep(step);
-    widget.setValue(bar.Value);
-    widget.setEnabled(bar.Enabled);
-    widget.setVisible(bar.Visible);
+/// Ties a bar or slider of which a click beside the handle moves it by `step(bar)`.
+template <typename Bar, typename Step>
+CopyRecord BindBar(FormWindow& window, Bar& bar, QAbstractSlider& widget, Step step) {
+    const auto state = std::make_shared<BarState>();
+    QObject::connect(&widget, &QAbstractSlider::valueChanged, &window,
+                     [state, &window, &bar](int value) { Move(window, bar, value, *state); });
+    return [state, step, &bar, &widget] {
+        if (!state->Shown.Differs(bar.Min, bar.Max, bar.Value, step(bar), bar.Enabled, bar.Visible)) return;
+        const QSignalBlocker blocker(widget);
+        widget.setRange(std::min(bar.Min, bar.Max), std::max(bar.Min, bar.Max));
+        widget.setPageStep(step(bar));
+        widget.setValue(state->Wanted.value_or(bar.Value));
+        widget.setEnabled(bar.Enabled);
+        widget.setVisible(bar.Visible);
+    };
 }
 
 QStringList ShownTexts(const std::vector<std::string>& items) {
@@ -146,19 +146,11 @@ CopyRecord Bind(FormWindow&, ProgressBar& bar, QProgressBar& widget) {
 }
 
 CopyRecord Bind(FormWindow& window, ScrollBar& bar, QAbstractSlider& widget) {
-    const auto shown = ConnectBar(window, bar, widget);
-    return [shown, &bar, &widget] {
-        if (!shown->Differs(bar.Min, bar.Max, bar.Value, 0, bar.Enabled, bar.Visible)) return;
-        ShowBar(bar, std::max(1, std::abs(bar.Max - bar.Min) / 10), widget);
-    };
+    return BindBar(window, bar, widget, [](const ScrollBar& b) { return std::max(1, std::abs(b.Max - b.Min) / 10); });
 }
 
 CopyRecord Bind(FormWindow& window, Slider& slider, QAbstractSlider& widget) {
-    const auto shown = ConnectBar(window, slider, widget);
-    return [shown, &slider, &widget] {
-        if (!shown->Differs(slider.Min, slider.Max, slider.Value, slider.Step, slider.Enabled, slider.Visible)) return;
-        ShowBar(slider, slider.Step, widget);
-    };
+    return BindBar(window, slider, widget, [](const Slider& s) { return std::max(1, s.Step); });
 }
 
 CopyRecord Bind(FormWindow& window, TabControl& tabs, QTabWidget& widget) {

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QRadioButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <map>
 #include <stdexcept>
@@ -195,11 +196,15 @@ void AddControlFaults(const Form& form, const QWidget& window, std::vector<std::
     }
 }
 
+/// Qt names the parts that it builds widgets of "qt_"; the parts of a tab bar have names of their own.
+bool IsPartOfQt(const QWidget& widget) {
+    return widget.objectName().startsWith("qt_") || dynamic_cast<const QTabBar*>(widget.parentWidget()) != nullptr;
+}
+
 void AddWidgetFaults(const Form& form, const QWidget& window, std::vector<std::string>& faults) {
     for (const QWidget* const widget : window.findChildren<QWidget*>()) {
         const QString name = widget->objectName();
-        // Qt names the parts that it builds widgets of.
-        if (name.isEmpty() || name.startsWith("layout") || name.startsWith("qt_")) continue;
+        if (name.isEmpty() || name.startsWith("layout") || IsPartOfQt(*widget)) continue;
         bool known = false;
         for (const ControlRef& control : form.Controls()) known = known || WidgetName(Base(control).Name) == name;
         if (!known) faults.push_back(RecordText(name) + " is no control of the form");

@@ -1,5 +1,6 @@
 #include "desktop/desktop_desk.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
@@ -18,8 +19,17 @@ namespace {
 
 /// Redraw points that follow one another faster than a screen shows them are passed over.
 constexpr qint64 kRedrawPause = 40;  // milliseconds
-/// How long a yield serves events at most, handlers that they start not counted.
-constexpr int kYieldTime = 20;  // milliseconds
+/// A yield serves what waits, at least this many rounds of it (painting is one) and no longer than this after them.
+constexpr int kRounds = 5;
+constexpr qint64 kYieldTime = 20;  // milliseconds
+
+void ServeEvents(QEventLoop::ProcessEventsFlags which) {
+    QElapsedTimer time;
+    time.start();
+    for (int round = 0; round < kRounds || time.elapsed() < kYieldTime; ++round) {
+        if (!QAbstractEventDispatcher::instance()->processEvents(which)) return;
+    }
+}
 
 }  // namespace
 
@@ -131,7 +141,7 @@ void DesktopDesk::EndIfNothingIsLeft() {
 
 void DesktopDesk::Yield() {
     CopyAll();
-    QCoreApplication::processEvents(QEventLoop::AllEvents, kYieldTime);
+    ServeEvents(QEventLoop::AllEvents);
     RunLater();
     sinceRedraw_.start();
     // The program ends at once: the handlers that wait here are left, and drop what they have half written.
@@ -143,7 +153,7 @@ void DesktopDesk::Redraw() {
     CopyAll();
     // A held scroll bar moves by a timer: that is a person's act too, and waits.
     drawing_ = true;
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, kYieldTime);
+    ServeEvents(QEventLoop::ExcludeUserInputEvents);
     drawing_ = false;
     sinceRedraw_.start();
 }

@@ -6,16 +6,19 @@
 #include <Inventor/SoSceneManager.h>
 #include <Inventor/actions/SoGLRenderAction.h>
 #include <Inventor/actions/SoSearchAction.h>
+#include <Inventor/misc/SoChildList.h>
 #include <Inventor/elements/SoGLCacheContextElement.h>
 #include <Inventor/errors/SoReadError.h>
 #include <Inventor/nodes/SoDirectionalLight.h>
 #include <Inventor/nodes/SoPerspectiveCamera.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/VRMLnodes/SoVRMLBackground.h>
+#include <Inventor/VRMLnodes/SoVRMLElevationGrid.h>
 #include <Inventor/VRMLnodes/SoVRMLViewpoint.h>
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 
 namespace crownlab {
@@ -48,6 +51,21 @@ Node* FindFirst(SoNode* root) {
     search.setSearchingAll(true);
     search.apply(root);
     return search.getPath() != nullptr ? static_cast<Node*>(search.getPath()->getTail()) : nullptr;
+}
+
+/// False for a lattice that tells more nodes than it has heights: the library would draw beyond its end.
+bool HasAllHeights(const SoNode* root) {
+    if (root->isOfType(SoVRMLElevationGrid::getClassTypeId())) {
+        const auto* const lattice = static_cast<const SoVRMLElevationGrid*>(root);
+        const std::int64_t columns = lattice->xDimension.getValue();
+        const std::int64_t rows = lattice->zDimension.getValue();
+        return columns >= 0 && rows >= 0 && columns * rows <= lattice->height.getNum();
+    }
+    const SoChildList* const children = root->getChildren();
+    for (int i = 0; children != nullptr && i < children->getLength(); ++i) {
+        if (!HasAllHeights((*children)[i])) return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -133,6 +151,10 @@ std::string VrmlScene::Read(const std::string& file) {
     SoSeparator* const model = SoDB::readAll(&input);
     if (model == nullptr) return firstReadError.empty() ? "holds no scene" : firstReadError;
     coin_->SetModel(model);
+    if (!HasAllHeights(model)) {
+        coin_->SetModel(nullptr);
+        return "holds fewer heights than it tells";
+    }
     coin_->LookFromViewpoint();
     coin_->TakeSky();
     if (!coin_->HasViewpoint) Fit(QSize(1, 1));

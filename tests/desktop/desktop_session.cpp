@@ -3,7 +3,9 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QLineEdit>
+#include <QRadioButton>
 #include <QTimer>
 #include <cmath>
 #include <stdexcept>
@@ -44,7 +46,7 @@ bool DesktopSession::IsOpen(const std::string& form) {
 }
 
 void DesktopSession::Click(const std::string& form, const char* name) {
-    QTest::mouseClick(&Find<QWidget>(form, name), Qt::LeftButton);
+    ClickOn(Find<QWidget>(form, name));
 }
 
 void DesktopSession::Choose(const char* menuItem) {
@@ -76,6 +78,13 @@ void BoxAnswers::Look() {
         answer_(*box);
         return;
     }
+}
+
+void ClickOn(QWidget& widget) {
+    // Behind its text a check box or option doesn't feel the mouse.
+    const bool boxed = dynamic_cast<QCheckBox*>(&widget) != nullptr || dynamic_cast<QRadioButton*>(&widget) != nullptr;
+    constexpr int intoTheBox = 8;
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, boxed ? QPoint(intoTheBox, widget.height() / 2) : widget.rect().center());
 }
 
 void PressIn(QMessageBox& box, QMessageBox::StandardButton button) {

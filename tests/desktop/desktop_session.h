@@ -77,6 +77,9 @@ private:
     QPointer<QMessageBox> last_;
 };
 
+/// A click of the mouse where a widget feels it.
+void ClickOn(QWidget& widget);
+
 /// Presses a button of a box.
 void PressIn(QMessageBox& box, QMessageBox::StandardButton button);
 
