@@ -149,7 +149,11 @@ def upper_point(random, spread):
 
 def noise(random):
     """A sum of uniform numbers in place of a normal deviate: no logarithm is needed for it."""
-    return SCAN_NOISE * (sum(random.random() for _ in range(12)) - 6)
+    total = 0.0
+    # One after the other: newer Pythons' sum() adds more exactly, and so differently.
+    for _ in range(12):
+        total += random.random()
+    return SCAN_NOISE * (total - 6)
 
 
 def scan_lines():

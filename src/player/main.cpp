@@ -1,5 +1,6 @@
 #include <array>
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -50,6 +51,10 @@ void PrintLine(std::FILE* stream, const std::string& line) {
 
 int main(int count, char** arguments) {
     std::setlocale(LC_ALL, "C");
+#ifdef SIGXFSZ
+    // A file that reaches the limit of its size is a full disk to the handler that writes it, not the end.
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
     crownlab::PlayerOptions options;
     std::string script;
     if (!ParseArguments(count, arguments, options, script)) {

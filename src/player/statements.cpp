@@ -48,6 +48,12 @@ DigitisedPoints ParsePoints(const std::vector<std::string>& words, std::size_t f
     return points;
 }
 
+/// What a click does something to by itself; all else takes a value.
+bool CanBePressed(const ControlRef& control) {
+    return std::holds_alternative<CommandButton*>(control) || std::holds_alternative<MenuItem*>(control) ||
+           std::holds_alternative<Label*>(control) || std::holds_alternative<PictureBox*>(control);
+}
+
 /// A number from 1 of the line that holds byte `at`.
 std::uint64_t LineOf(std::string_view text, std::size_t at) { return CountLines(text.substr(0, at)) + 1; }
 
@@ -143,6 +149,7 @@ void Player::DoOpen(const Words& words) {
 
 void Player::CloseForm(const std::string& name) {
     const std::shared_ptr<Form> form = FindForm(name);
+    if (!form->Shown) throw ScriptError{"the window " + name + " is hidden"};
     // The main window lives as long as the process; its close box hides it.
     if (name == "frmStartup") {
         form->Shown = false;
@@ -160,11 +167,14 @@ void Player::DoSet(const Words& words) {
 
 void Player::DoPress(const Words& words) {
     const Target target = FindForPerson(words[1]);
+    if (!CanBePressed(*target.Control)) throw ScriptError{words[1] + " can't be pressed; use set"};
     Act(words[1] + "_Click", [&] { Press(Base(*target.Control)); });
 }
 
 void Player::DoDouble(const Words& words) {
     const Target target = FindForPerson(words[1]);
+    FileList* const* const files = std::get_if<FileList*>(target.Control);
+    if (files != nullptr && (*files)->FileName.empty()) throw ScriptError{words[1] + " has no selected entry"};
     Act(words[1] + "_DblClick", [&] { DoubleClick(Base(*target.Control)); });
 }
 

@@ -26,8 +26,8 @@ ClockReading PresentClock() {
 void SeedRandom(RandomSource& random, const ClockReading& clock) {
     NextRandom(random);
     const double number = RoundDecimals(clock.Day + clock.Minute / 60.0 + clock.Second / 3600.0, 3);
-    const double steps = RoundHalfEven(number * 1000);
-    for (double step = 0; step < steps; ++step) NextRandom(random);
+    const std::int32_t steps = ToInt32(number * 1000, "steps of the generator");
+    for (std::int32_t step = 0; step < steps; ++step) NextRandom(random);
 }
 
 std::vector<double> PickTeeth(std::int32_t count, std::int32_t picks, RandomSource& random) {
@@ -38,7 +38,8 @@ std::vector<double> PickTeeth(std::int32_t count, std::int32_t picks, RandomSour
 
     std::unordered_set<std::int64_t> chosen;
     for (std::int64_t last = std::int64_t{count} - taken + 1; last <= count; ++last) {
-        const auto candidate = 1 + static_cast<std::int64_t>(std::floor(NextRandom(random) * static_cast<double>(last)));
+        const auto candidate =
+            1 + static_cast<std::int64_t>(std::floor(NextRandom(random) * static_cast<double>(last)));
         if (!chosen.insert(candidate).second) chosen.insert(last);
     }
     std::vector<double> numbers(chosen.begin(), chosen.end());

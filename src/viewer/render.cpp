@@ -141,7 +141,7 @@ Rendering RenderContour(const SurfaceGrid& bands, const ValueRange& range) {
         if (bands.Z[at] == kEmptyCellZ) return {};
         const double p = Divide(bands.Z[at] - range.Min, range.Max - range.Min, "contour bands");
         const double lift = Divide(1, range.Max, "ProcZMax");
-        return GreyPixel(255 * Divide(lift + p, lift + 1, "contour bands"));
+        return GreyPixel(Divide(255 * (lift + p), lift + 1, "contour bands"));
     });
 }
 

@@ -52,7 +52,8 @@ void InsertionSort(const double* keys, Range range, const Swap& swap) {
 /// the lower part's last one.
 template <typename Swap>
 Range Partition(const double* keys, Range range, const Swap& swap) {
-    const double pivot = MiddleOfThree(keys[range.First], keys[range.First + (range.Last - range.First) / 2], keys[range.Last]);
+    const double pivot =
+        MiddleOfThree(keys[range.First], keys[range.First + (range.Last - range.First) / 2], keys[range.Last]);
     std::ptrdiff_t i = range.First;
     std::ptrdiff_t j = range.Last;
     while (i <= j) {
@@ -90,7 +91,8 @@ void SortList(std::vector<double>& list, std::ptrdiff_t first, std::ptrdiff_t la
     Sort(keys, {first, last}, [keys](std::ptrdiff_t i, std::ptrdiff_t j) { std::swap(keys[i], keys[j]); });
 }
 
-void SortListPaired(std::vector<double>& keys, std::vector<double>& companion, std::ptrdiff_t first, std::ptrdiff_t last) {
+void SortListPaired(std::vector<double>& keys, std::vector<double>& companion, std::ptrdiff_t first,
+                    std::ptrdiff_t last) {
     if (last < first) return;
     RequireRange(keys, first, last);
     RequireRange(companion, first, last);

@@ -14,6 +14,7 @@ namespace crownlab {
 void SortList(std::vector<double>& list, std::ptrdiff_t first, std::ptrdiff_t last);
 
 /// As SortList for `keys`, and every entry of `companion` goes where its key goes.
-void SortListPaired(std::vector<double>& keys, std::vector<double>& companion, std::ptrdiff_t first, std::ptrdiff_t last);
+void SortListPaired(std::vector<double>& keys, std::vector<double>& companion, std::ptrdiff_t first,
+                    std::ptrdiff_t last);
 
 }  // namespace crownlab

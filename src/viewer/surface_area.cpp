@@ -6,7 +6,9 @@ namespace crownlab {
 namespace {
 
 /// Area over half a unit square: the height is p at the right angle, q and r at the two other corners.
-double HalfSquareArea(double p, double q, double r) { return 0.5 * std::sqrt(1 + (q - p) * (q - p) + (r - p) * (r - p)); }
+double HalfSquareArea(double p, double q, double r) {
+    return 0.5 * std::sqrt(1 + (q - p) * (q - p) + (r - p) * (r - p));
+}
 
 }  // namespace
 

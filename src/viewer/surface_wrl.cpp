@@ -53,7 +53,8 @@ void WriteSurfaceWrl(FileTable& files, const std::string& path, const SurfaceGri
     file.Line();
     vrml::WriteTransformStart(file, vrml::Number(scale, 3));
     vrml::WriteShapeStart(file);
-    vrml::WriteElevationGridStart(file, grid.NumX, grid.NumY, vrml::Number(model.StepX, 4), vrml::Number(model.StepY, 4));
+    vrml::WriteElevationGridStart(file, grid.NumX, grid.NumY, vrml::Number(model.StepX, 4),
+                                  vrml::Number(model.StepY, 4));
     WriteHeights(file, grid, model.ZLow);
     vrml::WriteElevationGridEnd(file);
     vrml::WriteTransformEnd(file);

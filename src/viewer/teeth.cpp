@@ -40,7 +40,8 @@ void ReorderTeeth(const std::vector<double>& order, std::vector<Tooth>& teeth, T
     for (const double number : order) sorted.push_back(ToothAt(teeth, number));
     for (std::size_t i = order.size(); i < teeth.size(); ++i) sorted.push_back(teeth[i]);
     teeth = std::move(sorted);
-    for (std::vector<double>* const list : {&table.MaxHt, &table.SA, &table.Vol, &table.SAVolRat}) ReorderList(order, *list);
+    for (std::vector<double>* const list : {&table.MaxHt, &table.SA, &table.Vol, &table.SAVolRat})
+        ReorderList(order, *list);
 }
 
 }  // namespace crownlab

@@ -35,7 +35,8 @@ bool LessByNumber(std::string_view a, std::string_view b) {
 ModelFileCount ReadCount(FieldReader& reader, std::string file) {
     const double count = reader.ReadNumber();
     if (count < 0) throw Failure(FailureKind::InvalidCall, "negative count of " + file);
-    return {.File = std::move(file), .Count = ToInt32(count, "count of " + file)};
+    const std::int32_t whole = ToInt32(count, "count of " + file);
+    return {.File = std::move(file), .Count = whole};
 }
 
 }  // namespace
@@ -43,9 +44,8 @@ ModelFileCount ReadCount(FieldReader& reader, std::string file) {
 std::vector<std::string> ListModelFiles(const std::string& folder) {
     std::vector<std::string> names = ListFiles(folder, std::string(kPrefix) + "*" + std::string(kExtension));
     std::erase_if(names, [](const std::string& name) { return !IsWholeNumber(MiddleOf(name)); });
-    std::stable_sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
-        return LessByNumber(MiddleOf(a), MiddleOf(b));
-    });
+    std::stable_sort(names.begin(), names.end(),
+                     [](const std::string& a, const std::string& b) { return LessByNumber(MiddleOf(a), MiddleOf(b)); });
     return names;
 }
 
@@ -91,7 +91,8 @@ std::vector<std::int32_t> SampleShares(const std::vector<ModelFileCount>& counts
     std::vector<std::int32_t> shares;
     shares.reserve(counts.size());
     for (const ModelFileCount& entry : counts) {
-        const double share = RoundHalfEven(Divide(static_cast<double>(sampleSize) * entry.Count, total, "total of the counts"));
+        const double share =
+            RoundHalfEven(Divide(static_cast<double>(sampleSize) * entry.Count, total, "total of the counts"));
         shares.push_back(static_cast<std::int32_t>(std::min<double>(share, entry.Count)));
     }
     return shares;

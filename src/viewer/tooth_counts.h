@@ -33,14 +33,14 @@ void WriteToothCounts(FileTable& files, const std::string& path, const std::vect
 std::vector<ModelFileCount> ReadToothCounts(const std::string& path);
 
 /// How many teeth of a sample of `sampleSize` each file gives: its share of all teeth, rounded half to even,
-/// and no more than it has. By the rounding the sum may differ a little from `sampleSize`. DivisionByZero if no file has
-/// a tooth, InvalidCall for a negative sample size.
+/// and no more than it has. By the rounding the sum may differ a little from `sampleSize`. DivisionByZero if no file
+/// has a tooth, InvalidCall for a negative sample size.
 std::vector<std::int32_t> SampleShares(const std::vector<ModelFileCount>& counts, std::int32_t sampleSize);
 
 /// One tooth found in a model file.
 struct PickedTooth {
-    std::int32_t Number = 0;     ///< of the tooth in its file, from 1
-    std::int64_t FirstLine = 0;  ///< of the tooth in its file, from 1
+    std::int32_t Number = 0;              ///< of the tooth in its file, from 1
+    std::int64_t FirstLine = 0;           ///< of the tooth in its file, from 1
     std::vector<std::string_view> Lines;  ///< of `text`, the sentinel line last
 };
 

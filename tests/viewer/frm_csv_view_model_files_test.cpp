@@ -51,14 +51,16 @@ TEST_F(ModelFilesTest, CountsAllModelFilesByNumber) {
     PutFile(folder_ / "other.dat", ModelFile("c", 7));
     SetChecked(Form().chkCTFilesAll, true);
     Press(Form().cmdCTFiles);
-    EXPECT_EQ(FileBytes(folder_ / "ToothCount.csv"), "\"File\",\"Count\"\r\n\"netregu9.dat\",0\r\n\"netregu10.dat\",2\r\n");
+    EXPECT_EQ(FileBytes(folder_ / "ToothCount.csv"),
+              "\"File\",\"Count\"\r\n\"netregu9.dat\",0\r\n\"netregu10.dat\",2\r\n");
     EXPECT_EQ(window_.Screen.Redraws, 2) << "progress shows with each file";
     EXPECT_EQ(window_.Screen.Yields, 0);
 }
 
 TEST_F(ModelFilesTest, AFolderWithoutModelFilesMissesTheDefaultOne) {
     SetChecked(Form().chkCTFilesAll, true);
-    EXPECT_TRUE(FailsWith(FailureKind::FileNotFound, [&] { Press(Form().cmdCTFiles); }, "netregu113.dat"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::FileNotFound, [&] { Press(Form().cmdCTFiles); }, "netregu113.dat"));
     EXPECT_EQ(folder_.EntryCount(), 0u);
 }
 
@@ -101,7 +103,8 @@ TEST_F(ModelFilesTest, ASampleOfAllTeethIsAllFilesAndCollects) {
 TEST_F(ModelFilesTest, CountsThatPromiseTooMuchFail) {
     PutFile(folder_ / "netregu1.dat", ModelFile("a", 2));
     PutCounts("netregu1.dat,5\r\n");
-    EXPECT_TRUE(FailsWith(FailureKind::InputPastEnd, [&] { Press(Form().cmdCTFExtract); }, "netregu1.dat"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::InputPastEnd, [&] { Press(Form().cmdCTFExtract); }, "netregu1.dat"));
     EXPECT_FALSE(IsFile(folder_ / "netregu_e1000.csv"));
     PutCounts("netregu3.dat,5\r\n");
     EXPECT_TRUE(FailsWith(FailureKind::FileNotFound, [&] { Press(Form().cmdCTFExtract); }));
@@ -127,7 +130,8 @@ TEST_F(ModelFilesTest, FilesOfNoShareAreNotRead) {
 }
 
 TEST_F(ModelFilesTest, WithoutCountsThereIsNoSample) {
-    EXPECT_TRUE(FailsWith(FailureKind::FileNotFound, [&] { Press(Form().cmdCTFExtract); }, "netregu_e1000_ToothCount.csv"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::FileNotFound, [&] { Press(Form().cmdCTFExtract); }, "netregu_e1000_ToothCount.csv"));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "basis/number_text.h"
 #include "forms/acts.h"
 #include "basis/number_text.h"
 #include "support/expect_failure.h"
@@ -9,9 +10,7 @@
 namespace crownlab {
 namespace {
 
-using ::testing::Each;
 using ::testing::ElementsAre;
-using ::testing::SizeIs;
 
 /// A tooth of four points whose y always changes; its heights reach `height`.
 std::string Tooth4(double height, double parameter11 = 0) {
@@ -84,9 +83,8 @@ TEST_F(MultiToothTest, NoSentinelAtAllIsOneTooth) {
 }
 
 TEST_F(MultiToothTest, TwoPointsOfOneYInARowDivideByZero) {
-    EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero, [&] {
-        Read("0,1\n1,2,3,4,5,6,7,8,9,10\n1,1,0\n2,1,-5\n3,1,-1\n4,2,-2\n666\n");
-    }));
+    EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero,
+                          [&] { Read("0,1\n1,2,3,4,5,6,7,8,9,10\n1,1,0\n2,1,-5\n3,1,-1\n4,2,-2\n666\n"); }));
     EXPECT_THAT(window_.Screen.Boxes, ElementsAre("Error"));
 }
 
@@ -99,13 +97,14 @@ TEST_F(MultiToothTest, DefaultGridSizeGathersAToothInOneCell) {
 
 TEST_F(MultiToothTest, OtherGridSizeBeforeAnyReadHasNoCells) {
     SelectOption(Form().optOtherGridSize);
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [&] { Read(Tooth4(5)); }, "CellGrid"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [&] { Read(Tooth4(5)); }, "CellGrid"));
 }
 
 TEST_F(MultiToothTest, AToothOfMoreThan24ColumnsFails) {
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [&] {
-        Read("0,1\n1,2,3,4,5,6,7,8,9,10\n0,1,0\n230000,2,-5\n3,1,-1\n4,2,-2\n666\n");
-    }, "MultiGrid"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange,
+        [&] { Read("0,1\n1,2,3,4,5,6,7,8,9,10\n0,1,0\n230000,2,-5\n3,1,-1\n4,2,-2\n666\n"); }, "MultiGrid"));
     // 23 steps of spacing reach over 24 columns with the ring, which is allowed.
     EXPECT_NO_THROW(Read("0,1\n1,2,3,4,5,6,7,8,9,10\n1,1,0\n209999,2,-5\n3,1,-1\n4,2,-2\n666\n"));
     EXPECT_EQ(State().Teeth[0].NumX, 24);
@@ -114,10 +113,13 @@ TEST_F(MultiToothTest, AToothOfMoreThan24ColumnsFails) {
 TEST_F(MultiToothTest, BadNumbersOfTeethInMemory) {
     for (const char* text : {"", "0", "-1", "0.5"}) {
         Form().txtMTAIF.Text = text;
-        EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [&] { Read(Tooth4(5)); }, "MaxTeeth")) << text;
+        EXPECT_TRUE(FailsWith(
+            FailureKind::SubscriptOutOfRange, [&] { Read(Tooth4(5)); }, "MaxTeeth"))
+            << text;
     }
     Form().txtMTAIF.Text = "32768";
-    EXPECT_TRUE(FailsWith(FailureKind::Overflow, [&] { Read(Tooth4(5)); }, "MaxTeeth"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::Overflow, [&] { Read(Tooth4(5)); }, "MaxTeeth"));
     Form().txtMTAIF.Text = "32767";
     EXPECT_NO_THROW(Read(Tooth4(5)));
 }
@@ -169,7 +171,8 @@ TEST_F(MultiToothTest, RangesOutsideTheFileShowNothing) {
     Read(Tooth4(5) + Tooth4(6) + Tooth4(7));
     window_.Screen.Yields = 0;
     SelectOption(Form().optViewTeethSubset);
-    const std::vector<std::pair<const char*, const char*>> ranges{{"1", "4"}, {"0", "2"}, {"3", "2"}, {"", ""}, {"1", "3.2"}};
+    const std::vector<std::pair<const char*, const char*>> ranges{
+        {"1", "4"}, {"0", "2"}, {"3", "2"}, {"", ""}, {"1", "3.2"}};
     for (const auto& [first, last] : ranges) {
         Form().txtViewTeethStart.Text = first;
         Form().txtViewTeethEnd.Text = last;
@@ -237,7 +240,8 @@ TEST_F(MultiToothTest, ANestedReadOfFewerTeethFailsTheOuterOne) {
         Form().txtMTAIF.Text = "1";
         Press(Form().cmdReadMultiCSV);
     });
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [&] { Read(Tooth4(5) + Tooth4(6) + Tooth4(7)); }, "tooth 3"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [&] { Read(Tooth4(5) + Tooth4(6) + Tooth4(7)); }, "tooth 3"));
 }
 
 TEST_F(MultiToothTest, ReadingASurfaceAtAYieldLeavesTheReadWhole) {
@@ -273,7 +277,8 @@ TEST_F(MultiToothTest, TheFilmBearsTheSame) {
         Form().txtMTAIF.Text = "1";
         Press(Form().cmdReadMultiCSV);
     });
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [&] { Press(Form().cmdViewMultiCSV); }, "tooth 2"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [&] { Press(Form().cmdViewMultiCSV); }, "tooth 2"));
 
     Form().txtMTAIF.Text = "10";
     Read(Tooth4(5) + Tooth4(6) + Tooth4(7));

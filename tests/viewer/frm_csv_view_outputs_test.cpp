@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "basis/number_text.h"
 #include "basis/paths.h"
 #include "basis/number_text.h"
 #include "forms/acts.h"
@@ -81,7 +82,9 @@ TEST_F(ViewerOutputsTest, TheButtonTifWritesABitmap) {
     const std::string bitmap = FileBytes(ToothFile("P100_0_0_0_0_0_0_0_0_0_0.bmp"));
     // 3 + 4 pixels both ways, 21 bytes a row padded to 24.
     ASSERT_EQ(bitmap.size(), 54u + 24 * 7);
-    const auto blueOf = [&](std::size_t x, std::size_t y) { return static_cast<unsigned char>(bitmap[54 + 24 * (6 - y) + 3 * x]); };
+    const auto blueOf = [&](std::size_t x, std::size_t y) {
+        return static_cast<unsigned char>(bitmap[54 + 24 * (6 - y) + 3 * x]);
+    };
     EXPECT_EQ(blueOf(1, 1), 255) << "the highest cell";
     EXPECT_EQ(blueOf(0, 0), 0) << "an empty cell";
     EXPECT_EQ(blueOf(3, 0), 255) << "the margin";
@@ -96,7 +99,8 @@ TEST_F(ViewerOutputsTest, TheFinishedModelIsOfferedForOpening) {
     EXPECT_THAT(window_.Screen.Opened, ElementsAre(path));
     const std::string model = FileBytes(path);
     EXPECT_NE(model.find("# VRML of P100_0_0_0_0_0_0_0_0_0_0.wrl\r\n"), std::string::npos);
-    EXPECT_NE(model.find("        height [\r\n 0  0  0 \r\n 0  5  0 \r\n 0  0  0 \r\n        ]\r\n"), std::string::npos);
+    EXPECT_NE(model.find("        height [\r\n 0  0  0 \r\n 0  5  0 \r\n 0  0  0 \r\n        ]\r\n"),
+              std::string::npos);
 }
 
 TEST_F(ViewerOutputsTest, CopyShowsTheSurfaceAndFollowsIt) {
@@ -105,7 +109,8 @@ TEST_F(ViewerOutputsTest, CopyShowsTheSurfaceAndFollowsIt) {
     EXPECT_EQ(Form().Cortona1.SceneFile, folder_ / "temp.wrl");
     EXPECT_EQ(Form().Cortona1.LoadCount, 1u);
     // Empty cells of the ring stand at the lowest level.
-    EXPECT_NE(FileBytes(folder_ / "temp.wrl").find(" 1  1  1  1 \r\n 1  1  2  1 \r\n 1  3  4  1 \r\n"), std::string::npos);
+    EXPECT_NE(FileBytes(folder_ / "temp.wrl").find(" 1  1  1  1 \r\n 1  1  2  1 \r\n 1  3  4  1 \r\n"),
+              std::string::npos);
     Press(Form().cmdViewCSV);
     EXPECT_EQ(Form().Cortona1.LoadCount, 2u) << "an active view follows each drawing";
     Press(Form().cmdMirrorHoriz);
@@ -124,7 +129,8 @@ TEST_F(ViewerOutputsTest, ViewsThatWereNeverActiveAreLeftAlone) {
 std::string WideSurface() {
     std::string text;
     for (int y = 0; y < 18; ++y) {
-        for (int x = 0; x < 28; ++x) text += std::to_string(x) + "," + std::to_string(y) + "," + std::to_string(x + 100 * y) + "\n";
+        for (int x = 0; x < 28; ++x)
+            text += std::to_string(x) + "," + std::to_string(y) + "," + std::to_string(x + 100 * y) + "\n";
     }
     return text;
 }

@@ -12,7 +12,8 @@
 namespace crownlab {
 namespace {
 
-/// The window's teeth are made by hand here: the reader gathers a tooth in few cells, too few to tell rows from columns.
+/// The window's teeth are made by hand here: the reader gathers a tooth in few cells, too few to tell rows from
+/// columns.
 class ViewerStatsTest : public ::testing::Test {
 protected:
     void AddTooth(int numX, int numY, std::initializer_list<double> z) {
@@ -126,9 +127,9 @@ TEST_F(ViewerStatsTest, ACancelledDialogWritesNothing) {
 }
 
 TEST_F(ViewerStatsTest, SortsTeethByTheChosenKey) {
-    AddTooth(2, 2, {3, 3, 3, 9});    // volume 18
-    AddTooth(2, 2, {1, 1, 1, 7});    // volume 10
-    AddTooth(2, 2, {8, 8, 7, 2});    // volume 25
+    AddTooth(2, 2, {3, 3, 3, 9});  // volume 18
+    AddTooth(2, 2, {1, 1, 1, 7});  // volume 10
+    AddTooth(2, 2, {8, 8, 7, 2});  // volume 25
     Table();
     EXPECT_EQ(FirstParams(), (std::vector<double>{2, 3, 1})) << "by height";
     EXPECT_EQ(State().CurrTooth, 1);
@@ -166,7 +167,8 @@ TEST_F(ViewerStatsTest, NoKeyNoSort) {
     // A key whose column was never checked isn't there.
     State().Table = {};
     SelectOption(Form().optCSSASort);
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [&] { Press(Form().cmdCSSort); }, "sort key"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [&] { Press(Form().cmdCSSort); }, "sort key"));
 }
 
 TEST_F(ViewerStatsTest, KeysOfAnotherFileAreTooFew) {
@@ -190,10 +192,23 @@ TEST_F(ViewerStatsTest, AToothWithoutCellsIsALineOfZeros) {
     EXPECT_THAT(Table(), ::testing::EndsWith("\r\n2,0,0,0,\r\n"));
 }
 
+TEST_F(ViewerStatsTest, AnEmptyToothThatComesFirstCannotBeShown) {
+    AddTooth(2, 2, {3, 3, 3, 9});
+    State().Teeth.emplace_back();
+    State().NumTeeth = 2;
+    SetChecked(Form().chkCSSAVolRat, false);
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [&] { Table(); }, "MultiGrid"));
+    EXPECT_TRUE(IsFile(folder_ / "testcalc.csv"));
+    EXPECT_EQ(FirstParams(), (std::vector<double>{0, 1}));
+    EXPECT_EQ(State().Table.MaxHt, (std::vector<double>{0, 9}));
+}
+
 TEST_F(ViewerStatsTest, AreasBeyondNumbersOverflow) {
     AddTooth(2, 2, {1e200, 0, 0, 0});
     Form().txtCurrTooth.Text = "1";
-    EXPECT_TRUE(FailsWith(FailureKind::Overflow, [&] { Press(Form().cmdCalcStats); }, "SA"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::Overflow, [&] { Press(Form().cmdCalcStats); }, "SA"));
 }
 
 TEST_F(ViewerStatsTest, ShannonHeightOfTheWorkingCopy) {

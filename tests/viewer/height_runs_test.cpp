@@ -104,15 +104,18 @@ TEST(HeightRunIndex, AgreesWithTheSlowVersion) {
 
 TEST(HeightRunIndex, FailsWhereNothingTakesPart) {
     EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero, [] { IndexOf(GridOfRows({{1, 1}, {1, 1}})); }));
-    EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero,
-                          [] { IndexOf(GridOfRows({{1, 1, 1}, {1, kEmpty, 1}, {1, 1, 1}})); }));
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [] { IndexOf(SurfaceGrid{}); }, "WorkGrid"));
+    EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero, [] {
+        IndexOf(GridOfRows({{1, 1, 1}, {1, kEmpty, 1}, {1, 1, 1}}));
+    }));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [] { IndexOf(SurfaceGrid{}); }, "WorkGrid"));
 }
 
 TEST(HeightRunIndex, FailsForABandWidthOfZeroAndBandsBeyond32Bits) {
     const SurfaceGrid grid = GridOfRows({{9, 9, 9}, {9, 5, 9}, {9, 9, 9}});
     EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero, [&] { IndexOf(grid, 0, 0); }));
-    EXPECT_TRUE(FailsWith(FailureKind::Overflow, [&] { IndexOf(grid, 0, 1e-9); }, "HeightBand"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::Overflow, [&] { IndexOf(grid, 0, 1e-9); }, "HeightBand"));
 }
 
 TEST(HeightRunIndex, HoldsAMillionRuns) {
@@ -126,7 +129,8 @@ TEST(HeightRunIndex, HoldsAMillionRuns) {
         return grid;
     };
     EXPECT_NEAR(IndexOf(column(1000000)), 1e6, 1e-3);
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [&] { IndexOf(column(1000001)); }, "RunLengths"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [&] { IndexOf(column(1000001)); }, "RunLengths"));
 }
 
 }  // namespace

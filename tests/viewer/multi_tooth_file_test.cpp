@@ -36,7 +36,11 @@ TEST(ScanSentinels, AllLineEndsAndAByteOrderMark) {
     const Lines expected{0, 2, 4};
     EXPECT_EQ(ScanSentinels("1\r\n666\r\n1\r\n666\r\n", "f").SentinelLine, expected);
     EXPECT_EQ(ScanSentinels("1\r666\r1\r666", "f").SentinelLine, expected);
-    EXPECT_EQ(ScanSentinels("\xEF\xBB\xBF" "1\n666\n1\n666", "f").SentinelLine, expected);
+    EXPECT_EQ(ScanSentinels("\xEF\xBB\xBF"
+                            "1\n666\n1\n666",
+                            "f")
+                  .SentinelLine,
+              expected);
 }
 
 TEST(ScanSentinels, RefusesAnEmptyFile) {

@@ -73,7 +73,8 @@ TEST(PickTeeth, EveryToothIsAsLikely) {
     for (int i = 0; i < rounds; ++i) {
         for (const double number : PickTeeth(10, 3, random)) ++picked[static_cast<std::size_t>(number)];
     }
-    for (int number = 1; number <= 10; ++number) EXPECT_NEAR(picked[static_cast<std::size_t>(number)], rounds * 0.3, 300);
+    for (int number = 1; number <= 10; ++number)
+        EXPECT_NEAR(picked[static_cast<std::size_t>(number)], rounds * 0.3, 300);
 }
 
 TEST(PickTeeth, TheSameGeneratorPicksTheSame) {

@@ -65,7 +65,8 @@ TEST(SortListPaired, CompanionFollowsItsKey) {
         std::iota(companion.begin(), companion.end(), 0.0);
         SortListPaired(keys, companion, 0, LastOf(keys));
         EXPECT_TRUE(std::is_sorted(keys.begin(), keys.end()));
-        for (std::size_t i = 0; i < keys.size(); ++i) EXPECT_EQ(keys[i], family[static_cast<std::size_t>(companion[i])]);
+        for (std::size_t i = 0; i < keys.size(); ++i)
+            EXPECT_EQ(keys[i], family[static_cast<std::size_t>(companion[i])]);
         std::sort(companion.begin(), companion.end());
         for (std::size_t i = 0; i < companion.size(); ++i) EXPECT_EQ(companion[i], static_cast<double>(i));
     }

@@ -46,7 +46,8 @@ TEST(CellArea, IsTheMeanOfBothCuttings) {
 TEST(CellArea, IsTheSameMirroredAndTurned) {
     const double area = CellArea(0, 1, 0, 0);
     EXPECT_GT(area, 1);
-    for (const double other : {CellArea(1, 0, 0, 0), CellArea(0, 0, 1, 0), CellArea(0, 0, 0, 1)}) EXPECT_EQ(other, area);
+    for (const double other : {CellArea(1, 0, 0, 0), CellArea(0, 0, 1, 0), CellArea(0, 0, 0, 1)})
+        EXPECT_EQ(other, area);
     EXPECT_EQ(CellArea(1, 2, 3, 5), CellArea(5, 3, 2, 1));
     EXPECT_EQ(CellArea(1, 2, 3, 5), CellArea(2, 1, 5, 3));
 }

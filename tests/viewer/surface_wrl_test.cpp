@@ -39,7 +39,8 @@ TEST_F(SurfaceWrlTest, WholeFile) {
         "  groundColor [ 1 1 1, 1 1 1 ]\r\n  groundAngle 1.57 }\r\n\r\n"
         "DirectionalLight {\r\n  direction -1 -1 -1\r\n  intensity 0.25 }\r\n\r\n"
         // Scale 1000 / 0.1; seen from twice the width above the low level, over the middle.
-        "Viewpoint {\r\n  description \"Start\"\r\n  position 500 -18000 250\r\n  orientation 0 0.707 0.707 3.141 }\r\n\r\n"
+        "Viewpoint {\r\n  description \"Start\"\r\n  position 500 -18000 250\r\n  orientation 0 0.707 0.707 3.141 "
+        "}\r\n\r\n"
         "Transform {\r\n  scale 10000 10000 10000\r\n  children [\r\n    Shape {\r\n      appearance Appearance {\r\n"
         "        material Material {\r\n          diffuseColor 0 0.25 1.0\r\n          shininess 0.2 }\r\n      }\r\n"
         "      geometry ElevationGrid {\r\n        xDimension 3\r\n        zDimension 2\r\n        xSpacing 0.05\r\n"

@@ -10,7 +10,8 @@ namespace {
 
 std::vector<Tooth> TeethOfHeights(std::initializer_list<double> heights) {
     std::vector<Tooth> teeth;
-    for (const double height : heights) teeth.push_back({.Grid = {}, .Params = {}, .NumX = 0, .NumY = 0, .ZMin = 0, .ZMax = height});
+    for (const double height : heights)
+        teeth.push_back({.Grid = {}, .Params = {}, .NumX = 0, .NumY = 0, .ZMin = 0, .ZMax = height});
     return teeth;
 }
 

@@ -45,7 +45,8 @@ TEST_F(ToothCountsTest, CountsSentinelLines) {
 
 TEST_F(ToothCountsTest, WritesHeaderAndALineAFile) {
     WriteToothCounts(files_, folder_ / "ToothCount.csv", {{"netregu1.dat", 3}, {"netregu2.dat", 0}});
-    EXPECT_EQ(FileBytes(folder_ / "ToothCount.csv"), "\"File\",\"Count\"\r\n\"netregu1.dat\",3\r\n\"netregu2.dat\",0\r\n");
+    EXPECT_EQ(FileBytes(folder_ / "ToothCount.csv"),
+              "\"File\",\"Count\"\r\n\"netregu1.dat\",3\r\n\"netregu2.dat\",0\r\n");
 }
 
 TEST_F(ToothCountsTest, ReadsWhatItWrote) {
@@ -71,8 +72,10 @@ TEST_F(ToothCountsTest, MalformedCounts) {
     EXPECT_TRUE(FailsWith(FailureKind::InputPastEnd, [&] { Read("\"File\",\"Count\"\r\n\"netregu1.dat\"\r\n"); }));
     EXPECT_TRUE(FailsWith(FailureKind::InputPastEnd, [&] { Read("File"); }));
     EXPECT_TRUE(FailsWith(FailureKind::TypeMismatch, [&] { Read("a,b\r\nc,d\r\n"); }));
-    EXPECT_TRUE(FailsWith(FailureKind::InvalidCall, [&] { Read("a,-1\r\n"); }));
-    EXPECT_TRUE(FailsWith(FailureKind::Overflow, [&] { Read("a,3000000000\r\n"); }));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::InvalidCall, [&] { Read("a,-1\r\n"); }, "count of a"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::Overflow, [&] { Read("a,3000000000\r\n"); }, "count of a"));
     EXPECT_TRUE(FailsWith(FailureKind::FileNotFound, [&] { ReadToothCounts(folder_ / "gone.csv"); }));
 }
 

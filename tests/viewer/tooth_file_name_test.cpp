@@ -22,7 +22,7 @@ TEST(ToothFileName, JoinsElevenParts) {
 TEST(ToothFileName, Zeros) { EXPECT_EQ(NameOf({}), "P0_0_0_0_0_0_0_0_0_0_0"); }
 
 TEST(ToothFileName, PartsOfTwoCharactersGetAZero) {
-    // Parts 4, 5, 6 and 11 only; part 3 of two characters stays.
+    // The 4th, 5th, 6th and 11th only; the 3rd keeps its two characters.
     EXPECT_EQ(NameOf({0, 0, 1.2, 120, 0.12, 0.5, 0.012, 0, 0, 0, 12000}), "P0_0_12_012_012_050_12_0_0_0_012");
 }
 

@@ -16,10 +16,27 @@ void ExpectSameRecords(const SurfaceGrid& a, const SurfaceGrid& b) {
     }
 }
 
+/// Larger than the squares in which cells are moved, and no multiple of them.
+SurfaceGrid LargeGrid() {
+    SurfaceGrid grid;
+    grid.NumX = 70;
+    grid.NumY = 37;
+    const auto places = std::make_shared<std::vector<Place>>();
+    for (int i = 0; i < grid.NumX * grid.NumY; ++i) {
+        places->push_back({i + 0.25, i + 0.5});
+        grid.Z.push_back(i);
+    }
+    grid.Places = places;
+    return grid;
+}
+
 const std::vector<SurfaceGrid>& Families() {
-    static const std::vector<SurfaceGrid> families{
-        GridOfRows({{5}}), GridOfRows({{1, 2, 3}}), GridOfRows({{1}, {2}, {3}}),
-        GridOfRows({{1, 2, 3}, {4, 5, 6}}), GridOfRows({{1, 2}, {3, kEmptyCellZ}, {5, 6}})};
+    static const std::vector<SurfaceGrid> families{GridOfRows({{5}}),
+                                                   GridOfRows({{1, 2, 3}}),
+                                                   GridOfRows({{1}, {2}, {3}}),
+                                                   GridOfRows({{1, 2, 3}, {4, 5, 6}}),
+                                                   GridOfRows({{1, 2}, {3, kEmptyCellZ}, {5, 6}}),
+                                                   LargeGrid()};
     return families;
 }
 
@@ -35,6 +52,21 @@ TEST(TurnGrid, RecordsMoveWithTheirPlaces) {
     EXPECT_EQ(turned.NumY, 3);
     EXPECT_EQ(turned.Point(1, 1), (SurfacePoint{10, 100, 4}));
     EXPECT_EQ(turned.Point(2, 3), (SurfacePoint{30, 200, 3}));
+}
+
+TEST(TurnGrid, EachCellIsWhereItBelongs) {
+    for (const SurfaceGrid& grid : Families()) {
+        const SurfaceGrid columns = MirroredColumns(grid);
+        const SurfaceGrid rows = MirroredRows(grid);
+        const SurfaceGrid turned = Transposed(grid);
+        for (int j = 1; j <= grid.NumY; ++j) {
+            for (int i = 1; i <= grid.NumX; ++i) {
+                EXPECT_EQ(columns.Point(i, j), grid.Point(grid.NumX - i + 1, j));
+                EXPECT_EQ(rows.Point(i, j), grid.Point(i, grid.NumY - j + 1));
+                EXPECT_EQ(turned.Point(j, i), grid.Point(i, j));
+            }
+        }
+    }
 }
 
 TEST(TurnGrid, TwiceRestoresTheGrid) {
