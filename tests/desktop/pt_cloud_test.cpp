@@ -115,6 +115,24 @@ TEST_F(PtCloud, FitsASmallScreenAndGivesItsListsTheRoomOfALargeOne) {
     }
 }
 
+TEST_F(PtCloud, TheTabKeyGoesThroughTheWindowAsItIsRead) {
+    FormWindow& window = Session.Open(kForm);
+    Session.Click(kForm, "chkDefaultSet");
+    Find<QWidget>("Drive2").setFocus();
+    QStringList order;
+    for (QString name = "Drive2"; !order.contains(name); name = QApplication::focusWidget()->objectName()) {
+        order << name;
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    const QStringList wanted{
+        "Drive2", "Dir2", "cmbFileType", "File2", "DirC", "Text2", "cmdAddFilename", "cmdClearFilenames", "txtNoFiles",
+        "qt_tabwidget_tabbar", "chkMould", "txtSearchRadius", "chkDefaultSet", "chkWriteRej", "txtBinSize",
+        "txtSearchRadiusInc", "chkFindNeigh", "optThresh", "txtThresh", "txtProp", "cmdRemoveUndercuts", "txtBlnBinSize",
+        "chkBlankedAreaPts", "cmdCreateBlankingFile", "txtNoPts", "txtNoPtsPrcd", "cmdExit"};
+    EXPECT_EQ(order, wanted) << order.join(" ").toStdString();
+    EXPECT_TRUE(window.isActiveWindow());
+}
+
 TEST_F(PtCloud, AdvancedSettingsAreGreyWithTheDefaultOnes) {
     Session.Open(kForm);
     const std::array<const char*, 4> inside{"txtBinSize", "chkFindNeigh", "optThresh", "txtProp"};
@@ -150,12 +168,14 @@ TEST_F(PtCloud, AWaitPointerThatAToolLeavesEndsWithItsHandler) {
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
-/// A run over 300,000 points with some 800 neighbours each: long enough to be watched.
+/// A run over 300,000 points that looks at thousands of points for each: long enough to be watched.
 class PtCloudRun : public PtCloud {
 protected:
     void Run() {
         OpenWith(600, 500);
+        Session.Click(kForm, "chkDefaultSet");
         Session.Type(kForm, "txtSearchRadius", "0.15");
+        Session.Type(kForm, "txtBinSize", "0.3");
         QElapsedTimer time;
         Watch bar(Find<QProgressBar>("pbarPtsPrcd"), BarValue);
         Watch count(Find<QLineEdit>("txtNoPtsPrcd"), CountShown);
