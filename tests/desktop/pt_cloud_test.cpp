@@ -124,12 +124,12 @@ TEST_F(PtCloud, TheTabKeyGoesThroughTheWindowAsItIsRead) {
         order << name;
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
-    const QStringList wanted{
-        "Drive2", "Dir2", "cmbFileType", "File2", "DirC", "Text2", "cmdAddFilename", "cmdClearFilenames", "txtNoFiles",
-        "qt_tabwidget_tabbar", "chkMould", "txtSearchRadius", "chkDefaultSet", "chkWriteRej", "txtBinSize",
-        "txtSearchRadiusInc", "chkFindNeigh", "optThresh", "txtThresh", "txtProp", "cmdRemoveUndercuts", "txtBlnBinSize",
-        "chkBlankedAreaPts", "cmdCreateBlankingFile", "txtNoPts", "txtNoPtsPrcd", "cmdExit"};
-    EXPECT_EQ(order, wanted) << order.join(" ").toStdString();
+    const QString wanted =
+        "Drive2 Dir2 cmbFileType File2 DirC Text2 cmdAddFilename cmdClearFilenames txtNoFiles "
+        "qt_tabwidget_tabbar chkMould txtSearchRadius chkDefaultSet chkWriteRej txtBinSize txtSearchRadiusInc "
+        "chkFindNeigh optThresh txtThresh txtProp cmdRemoveUndercuts txtBlnBinSize chkBlankedAreaPts "
+        "cmdCreateBlankingFile txtNoPts txtNoPtsPrcd cmdExit";
+    EXPECT_EQ(order.join(" "), wanted);
     EXPECT_TRUE(window.isActiveWindow());
 }
 
@@ -229,7 +229,9 @@ TEST_F(PtCloud, MovesNothingWhenTheBarComesAndGoes) {
     Session.Desk.Act("test", [&bar] { bar.Visible = true; });
     QTest::qWait(20);
     ASSERT_TRUE(Find<QProgressBar>("pbarPtsPrcd").isVisible());
-    for (std::size_t i = 0; i < around.size(); ++i) EXPECT_EQ(Find<QWidget>(around[i]).geometry(), before[i]) << around[i];
+    for (std::size_t i = 0; i < around.size(); ++i) {
+        EXPECT_EQ(Find<QWidget>(around[i]).geometry(), before[i]) << around[i];
+    }
 }
 
 }  // namespace

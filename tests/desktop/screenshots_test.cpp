@@ -26,7 +26,7 @@ bool FitsText(const QLabel& label) {
 void ExpectNothingIsCutOff(const QWidget& window) {
     for (const QLabel* const label : window.findChildren<QLabel*>()) {
         // The path of a folder may be longer than any window.
-        if (label->objectName() == "lblFolder" || label->objectName() == "lblDefDir" || label->objectName() == "Label2") continue;
+        if (QStringList{"lblFolder", "lblDefDir", "Label2"}.contains(label->objectName())) continue;
         EXPECT_TRUE(FitsText(*label)) << label->objectName().toStdString() << " " << label->text().toStdString();
     }
     for (const QAbstractButton* const button : window.findChildren<QAbstractButton*>()) {
