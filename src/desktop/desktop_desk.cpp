@@ -74,7 +74,9 @@ void DesktopDesk::Act(const std::string& where, const std::function<void()>& act
     EndIfNothingIsLeft();
 }
 
-void DesktopDesk::ActLater(FormWindow& window, std::function<void()> act) { later_.emplace_back(&window, std::move(act)); }
+void DesktopDesk::ActLater(FormWindow& window, std::function<void()> act) {
+    later_.emplace_back(&window, std::move(act));
+}
 
 void DesktopDesk::RunLater() {
     const auto due = std::exchange(later_, {});

@@ -49,7 +49,8 @@ TEST(Boxes, FormWindowsRefuseInputMeanwhile) {
     session.Window("frmSecond");
     session.On("cmdRun_Click", [&] { Tell(session.Probe(), "wait"); });
     session.On("cmdOther_Click", [&] { ++others; });
-    session.On("cmdOther_Click", [&] { ++others; }, "frmSecond");
+    session.On(
+        "cmdOther_Click", [&] { ++others; }, "frmSecond");
     BoxAnswers answers([&](QMessageBox& box) {
         session.Click("cmdOther");
         session.Click("cmdOther", "frmSecond");
@@ -90,9 +91,10 @@ TEST(Failures, AreShownWithTheirHandler) {
     BoxAnswers answers([](QMessageBox& box) { PressIn(box, QMessageBox::Ok); });
     session.Click("cmdRun");
     ASSERT_EQ(answers.Boxes.size(), 1u);
-    EXPECT_EQ(answers.Boxes[0].Text,
-              "Failure: Overflow\nIn: frmProbe.cmdRun_Click\nConcerning: NumX\n\nThe command was stopped where it stood; "
-              "Crownlab goes on.");
+    EXPECT_EQ(
+        answers.Boxes[0].Text,
+        "Failure: Overflow\nIn: frmProbe.cmdRun_Click\nConcerning: NumX\n\nThe command was stopped where it stood; "
+        "Crownlab goes on.");
 }
 
 TEST(Failures, OfOtherKindsAreShownToo) {

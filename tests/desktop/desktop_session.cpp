@@ -46,9 +46,7 @@ bool DesktopSession::IsOpen(const std::string& form) {
     return window != nullptr && window->isVisible();
 }
 
-void DesktopSession::Click(const std::string& form, const char* name) {
-    ClickOn(Find<QWidget>(form, name));
-}
+void DesktopSession::Click(const std::string& form, const char* name) { ClickOn(Find<QWidget>(form, name)); }
 
 void DesktopSession::Choose(const char* menuItem) {
     auto* const action = Window("frmStartup").findChild<QAction*>(menuItem);
@@ -89,7 +87,8 @@ void ClickOn(QWidget& widget) {
         auto* const tabs = dynamic_cast<QTabWidget*>(page->parentWidget()->parentWidget());
         if (tabs != nullptr) tabs->setCurrentWidget(page);
     }
-    QTest::mouseClick(&widget, Qt::LeftButton, {}, boxed ? QPoint(intoTheBox, widget.height() / 2) : widget.rect().center());
+    QTest::mouseClick(&widget, Qt::LeftButton, {},
+                      boxed ? QPoint(intoTheBox, widget.height() / 2) : widget.rect().center());
 }
 
 void PressIn(QMessageBox& box, QMessageBox::StandardButton button) {

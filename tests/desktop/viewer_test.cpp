@@ -68,7 +68,8 @@ TEST_F(Viewer, TheMouseReadsTheSurface) {
     auto& view = Find<PictureView>("picBoxD");
     const QRectF target = view.Target();
     // The middle of the cell in column 3, second row from the top: 22 by 12 cells with a ring of empty ones.
-    QTest::mouseMove(&view, QPointF(target.x() + target.width() * 2.5 / 22, target.y() + target.height() * 1.5 / 12).toPoint());
+    QTest::mouseMove(
+        &view, QPointF(target.x() + target.width() * 2.5 / 22, target.y() + target.height() * 1.5 / 12).toPoint());
     EXPECT_EQ(Text("lblX_D"), "3");
     EXPECT_EQ(Text("lblY_D"), "11");
     EXPECT_EQ(Text("lblXR_D"), "2");
@@ -129,7 +130,8 @@ TEST_F(Viewer, AreaWithoutVolumeHasNoRatio) {
 
 TEST_F(Viewer, WhatHasNoFunctionDoesNothing) {
     Open();
-    for (const char* const name : {"cmdOutputMultiTIF", "Command1", "picSRLight", "lblAspectRotate", "chkCSLaP"}) Click(name);
+    for (const char* const name : {"cmdOutputMultiTIF", "Command1", "picSRLight", "lblAspectRotate", "chkCSLaP"})
+        Click(name);
     EXPECT_TRUE(Boxes.Boxes.empty());
     EXPECT_TRUE(Session.IsOpen("frmCSVView"));
 }
@@ -163,7 +165,8 @@ TEST_F(Viewer, TheSurfaceIsSavedUnderANameAskedFor) {
     EXPECT_TRUE(QFile::exists("copy.csv"));
     EXPECT_FALSE(Session.App.Windows().IsLoaded("frmSaveFile"));
     const auto& files = Find<EntryList>("File1");
-    EXPECT_TRUE(QTest::qWaitFor([&files] { return files.count() == 2; })) << "coming back to the window lists the new file";
+    EXPECT_TRUE(QTest::qWaitFor([&files] { return files.count() == 2; }))
+        << "coming back to the window lists the new file";
 }
 
 TEST_F(Viewer, TheModelIsShownAndFitted) {
@@ -194,7 +197,8 @@ TEST_F(Viewer, EscapeEndsTheFilm) {
     Click("cmdReadMultiCSV");
     const int teeth = Text("lblNoTeeth").toInt();
     auto& button = Find<QPushButton>("cmdViewMultiCSV");
-    QMetaObject::invokeMethod(&button, [&button] { QTest::keyClick(&button, Qt::Key_Escape); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &button, [&button] { QTest::keyClick(&button, Qt::Key_Escape); }, Qt::QueuedConnection);
     Click("cmdViewMultiCSV");
     EXPECT_LT(Find<QLineEdit>("txtCurrTooth").text().toInt(), teeth);
     Click("cmdViewMultiCSV");
@@ -204,7 +208,8 @@ TEST_F(Viewer, EscapeEndsTheFilm) {
 TEST_F(Viewer, EscapeEndsTheReading) {
     TakeTeeth();
     auto& button = Find<QPushButton>("cmdReadMultiCSV");
-    QMetaObject::invokeMethod(&button, [&button] { QTest::keyClick(&button, Qt::Key_Escape); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &button, [&button] { QTest::keyClick(&button, Qt::Key_Escape); }, Qt::QueuedConnection);
     Click("cmdReadMultiCSV");
     EXPECT_EQ(Text("lblNoTeeth"), "0");
     EXPECT_FALSE(Session.Desk.IsRunning());
@@ -214,7 +219,8 @@ TEST_F(Viewer, MayBeClosedWhileAFilmRuns) {
     TakeTeeth();
     Click("cmdReadMultiCSV");
     FormWindow* const window = &Session.Window("frmCSVView");
-    QMetaObject::invokeMethod(window, [window] { window->close(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        window, [window] { window->close(); }, Qt::QueuedConnection);
     Click("cmdViewMultiCSV");
     EXPECT_FALSE(Session.App.Windows().IsLoaded("frmCSVView"));
     EXPECT_FALSE(Session.Ended) << "the main window is still there";

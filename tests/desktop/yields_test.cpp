@@ -16,7 +16,9 @@ namespace {
 using ::testing::ElementsAre;
 
 /// Runs `act` the next time events are served, as a person's act that waits.
-void Queue(ProbeSession& session, const std::function<void()>& act) { QMetaObject::invokeMethod(&session.Window(), act, Qt::QueuedConnection); }
+void Queue(ProbeSession& session, const std::function<void()>& act) {
+    QMetaObject::invokeMethod(&session.Window(), act, Qt::QueuedConnection);
+}
 
 TEST(Yields, ShowWhatTheRecordsHold) {
     ProbeSession session;
