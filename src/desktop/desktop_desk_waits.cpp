@@ -127,6 +127,8 @@ void DesktopDesk::ShowModal(Form& form) {
     modal_.emplace_back(&form, &loop);
     WaitIn(loop, InputGuard::Open::One, WindowOf(form));
     modal_.pop_back();
+    // Most often it named a file that is written now.
+    for (const auto& [other, window] : windows_) window->AgeLists();
     if (QWidget* const back = front.data(); back != nullptr && back->isVisible()) back->activateWindow();
     if (ending_) throw ExitProgram{};
 }

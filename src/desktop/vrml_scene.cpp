@@ -151,7 +151,7 @@ struct VrmlScene::Coin {
     }
 
     /// Nothing of the model is cut off at the near or far end.
-    void TakeDepths() {
+    void TakeDepths() const {
         const float radius = (Box.getMax() - Box.getMin()).length() / 2;
         const float middle = (Box.getCenter() - Camera->position.getValue()).dot(Direction(SbVec3f(0, 0, -1)));
         Camera->farDistance = std::max(middle + 1.01f * radius, 1e-3f);
@@ -160,7 +160,7 @@ struct VrmlScene::Coin {
     }
 
     /// Stands the camera `distance` before `focus`, as it is turned.
-    void Stand(const SbVec3f& focus, float distance) {
+    void Stand(const SbVec3f& focus, float distance) const {
         Camera->focalDistance = distance;
         Camera->position = focus - Direction(SbVec3f(0, 0, -1)) * distance;
     }

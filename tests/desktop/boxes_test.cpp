@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTimer>
 
 #include "basis/failure.h"
 #include "desktop/entry_list.h"
@@ -71,7 +70,7 @@ TEST(Boxes, OfNestedHandlersAnswerFromTheInnermost) {
     ProbeSession session;
     std::vector<std::string> order;
     session.On("cmdRun_Click", [&] {
-        QTimer::singleShot(0, &session.Window(), [&] { session.Click("cmdOther"); });
+        Queue(session.Window(), [&] { session.Click("cmdOther"); });
         while (order.empty()) session.Desk.Yield();
         Tell(session.Probe(), "outer");
         order.emplace_back("outer");
@@ -117,7 +116,7 @@ protected:
     void Show(const std::function<void()>& act) {
         Session.Desk.Act("test", [&] {
             const std::shared_ptr<Form> form = Session.App.Windows().Load("frmSaveFile");
-            QTimer::singleShot(20, &Session.Window("frmStartup"), act);
+            Queue(Session.Window("frmStartup"), act);
             Session.Desk.ShowModal(*form);
         });
     }
