@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QWindow>
 #include <algorithm>
 
 #include "application/application.h"
@@ -112,13 +113,19 @@ void DesktopDesk::ShowFailure(const Failure& failure) {
 }
 
 void DesktopDesk::ShowModal(Form& form) {
+    const QPointer<QWidget> front = FrontWindow();
     form.Shown = true;
     form.Modal = true;
     FormShown(form);
+    // Window managers keep it above the window that asked for it.
+    if (const QWidget* const above = front.data(); above != nullptr) {
+        WindowOf(form)->windowHandle()->setTransientParent(above->windowHandle());
+    }
     QEventLoop loop;
     modal_.emplace_back(&form, &loop);
     WaitIn(loop, InputGuard::Open::One, WindowOf(form));
     modal_.pop_back();
+    if (QWidget* const back = front.data(); back != nullptr && back->isVisible()) back->activateWindow();
     if (ending_) throw ExitProgram{};
 }
 

@@ -35,6 +35,9 @@ public:
 
     /// What a person did to `control`: runs `act` as the act `event`, if the form is still there.
     void Act(const Control& control, const char* event, const std::function<void()>& act);
+    /// Reads folder and file lists anew if the window came to the front since the last time: programs may have
+    /// written files meanwhile.
+    void FreshenLists();
     /// Rises when folder and file lists are to be read anew.
     int ListGeneration() const { return listGeneration_; }
 
@@ -44,13 +47,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void ReadListsAnew();
     void ClickNamed(const char* property);
 
     Form* form_;
     DesktopDesk& desk_;
     std::vector<CopyRecord> copies_;
     int listGeneration_ = 0;
+    bool listsAreOld_ = false;
 };
 
 }  // namespace crownlab

@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QTabWidget>
 #include <QTimer>
 #include <cmath>
 #include <stdexcept>
@@ -84,6 +85,10 @@ void ClickOn(QWidget& widget) {
     // Behind its text a check box or option doesn't feel the mouse.
     const bool boxed = dynamic_cast<QCheckBox*>(&widget) != nullptr || dynamic_cast<QRadioButton*>(&widget) != nullptr;
     constexpr int intoTheBox = 8;
+    for (QWidget* page = &widget; page->parentWidget() != nullptr; page = page->parentWidget()) {
+        auto* const tabs = dynamic_cast<QTabWidget*>(page->parentWidget()->parentWidget());
+        if (tabs != nullptr) tabs->setCurrentWidget(page);
+    }
     QTest::mouseClick(&widget, Qt::LeftButton, {}, boxed ? QPoint(intoTheBox, widget.height() / 2) : widget.rect().center());
 }
 

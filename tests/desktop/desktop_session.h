@@ -77,7 +77,7 @@ private:
     QPointer<QMessageBox> last_;
 };
 
-/// A click of the mouse where a widget feels it.
+/// A click of the mouse where a widget feels it, its page of a tab turned up before.
 void ClickOn(QWidget& widget);
 
 /// Presses a button of a box.
