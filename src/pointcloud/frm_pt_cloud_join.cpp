@@ -37,15 +37,6 @@ void JoinLines(FileTable& files, const FileBatch& batch, const std::string& path
     output.Commit();
 }
 
-/// The working file goes however the join ends.
-struct WorkingFile {
-    std::string Path;
-    ~WorkingFile() {
-        std::error_code error;
-        std::filesystem::remove(Path, error);
-    }
-};
-
 void WriteJoined(FrmPtCloud& form, BatchFile& first, const std::string& working) {
     if (form.chkReZero.Checked) {
         PointCloud cloud = ReadPointText(working);
@@ -68,11 +59,11 @@ void cmdJoinFiles_Click(FrmPtCloud& form) {
     const bool isInput = std::any_of(form.Batch.begin(), form.Batch.end(),
                                      [&](const BatchFile& file) { return file.InputPath == joinTemp; });
     if (isInput) throw Failure(FailureKind::InvalidCall, joinTemp + " is both input and working file");
-    {
-        const WorkingFile working{joinTemp};
-        JoinLines(*form.App.Files, form.Batch, joinTemp);
-        WriteJoined(form, first, joinTemp);
-    }
+    JoinLines(*form.App.Files, form.Batch, joinTemp);
+    // A failure to read the joined cloud leaves it, so that the line named in the message can be looked at.
+    WriteJoined(form, first, joinTemp);
+    std::error_code gone;
+    std::filesystem::remove(joinTemp, gone);
     cmdClearFilenames_Click(form);
     form.MousePointer = kPointerNormal;
 }

@@ -1,3 +1,7 @@
+#include <array>
+#include <charconv>
+#include <limits>
+
 #include "basis/number_text.h"
 #include "basis/result_file.h"
 #include "basis/rounding.h"
@@ -15,14 +19,9 @@ constexpr double kThresholdRadii = 4;
 
 /// A number in the format "0.000".
 std::string ThreeDecimals(double value) {
-    std::string text = GeneralText(RoundDecimals(value, 3));
-    std::size_t point = text.find('.');
-    if (point == std::string::npos) {
-        point = text.size();
-        text += '.';
-    }
-    while (text.size() - point <= 3) text += '0';
-    return text;
+    std::array<char, std::numeric_limits<double>::max_exponent10 + 10> text;
+    const auto written = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, 3);
+    return {text.data(), written.ptr};
 }
 
 /// The last three characters of a box, or all there are.
