@@ -1,4 +1,5 @@
-// A polygon model; one that can be read is coloured by points that match some of its vertices, with each of the outputs.
+// A polygon model; one that can be read is coloured by points that match some of its vertices, with each of the
+// outputs.
 
 #include "basis/failure.h"
 #include "fuzz_folder.h"
@@ -22,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         "set frmPtCloud.Text2 model.wrl\n"
         "press frmPtCloud.cmdAddFilename\n"
         "press frmPtCloud.cmdPointsToWrl\n";
-    PlayQuietly("open frmPtCloud\n" + std::string(choose) + "set frmPtCloud.chkOnlyPolyPts off\n" + std::string(choose) +
-                "set frmPtCloud.optXYZ on\n" + std::string(choose));
+    PlayQuietly("open frmPtCloud\n" + std::string(choose) + "set frmPtCloud.chkOnlyPolyPts off\n" +
+                std::string(choose) + "set frmPtCloud.optXYZ on\n" + std::string(choose));
     return 0;
 }

@@ -60,8 +60,8 @@ std::uint32_t NearestTree::BuildLeaf(const PointCloud& points, const std::vector
     return self | kLeaf;
 }
 
-void NearestTree::PutBox(Node& node, std::size_t lane, const PointCloud& points, const std::vector<std::uint32_t>& order,
-                         Range range) {
+void NearestTree::PutBox(Node& node, std::size_t lane, const PointCloud& points,
+                         const std::vector<std::uint32_t>& order, Range range) {
     const Extent extent = ExtentOf(points, order.data() + range.First, order.data() + range.Last);
     node.LowX[lane] = extent.Low.x;
     node.LowY[lane] = extent.Low.y;
