@@ -11,7 +11,8 @@ struct Kernel {
     int k = 1;
     std::vector<double> Weights;
     double At(int column, int row) const {
-        return Weights[static_cast<std::size_t>((row + k) * (2 * k + 1) + column + k)];
+        const int at = (row + k) * (2 * k + 1) + column + k;
+        return Weights[static_cast<std::size_t>(at)];
     }
 };
 
