@@ -2,7 +2,6 @@
 
 #include "basis/number_text.h"
 #include "basis/paths.h"
-#include "basis/number_text.h"
 #include "forms/acts.h"
 #include "support/expect_failure.h"
 #include "support/temp_folder.h"
