@@ -24,11 +24,11 @@ Kernel LaplacianKernel();
 SurfaceGrid ApplyKernel(const SurfaceGrid& work, const Kernel& kernel);
 
 struct CuspOptions {
-    int k = 1;                ///< half width of the window in cells
-    double MinCuspValue = 0;  ///< a lower cell is no cusp
-    double CuspDifference = 0;///< a cell this far below the window's highest still counts
-    double WorkZMin = 0;      ///< what a cell without a cusp gets
-    double WorkZMax = 0;      ///< what a cusp gets
+    int k = 1;                  ///< half width of the window in cells
+    double MinCuspValue = 0;    ///< a lower cell is no cusp
+    double CuspDifference = 0;  ///< a cell this far below the window's highest still counts
+    double WorkZMin = 0;        ///< what a cell without a cusp gets
+    double WorkZMax = 0;        ///< what a cusp gets
 };
 /// Map of cusps in two values: local maxima of height (and everything within CuspDifference of them). A
 /// window at the edge is cut off by the grid. A cell of height 0 is never a cusp.
