@@ -12,6 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         "press frmCSVView.cmdReadMultiCSV\n"
         "press frmCSVView.cmdViewMultiCSV\n"
         "press frmCSVView.cmdCalcStatsAll\n"
+        "press frmSaveFile.cmdOK\n"
         "press frmCSVView.cmdOutputSingleCSV\n"
         "set frmCSVView.chkSplitMTAIF on\n"
         "set frmCSVView.txtMTAIF 2\n"

@@ -19,12 +19,14 @@ struct FolderEntry {
     std::string Path;
     std::string Name;
     int Depth = 0;
+    friend bool operator==(const FolderEntry&, const FolderEntry&) = default;
 };
 
 /// The folder's ancestors from the root, the folder itself, and the folders in it, each one step further in.
 struct FolderTree {
     std::vector<FolderEntry> Entries;
     int Current = 0;  ///< index of the folder itself
+    friend bool operator==(const FolderTree&, const FolderTree&) = default;
 };
 
 FolderTree TreeAt(const std::string& path) {
@@ -57,7 +59,7 @@ void ShowTree(const FolderTree& tree, EntryList& widget) {
     widget.clear();
     for (int i = 0; i < static_cast<int>(tree.Entries.size()); ++i) {
         const FolderEntry& entry = tree.Entries[static_cast<std::size_t>(i)];
-        const QString indent(entry.Depth * 2, ' ');
+        const QString indent(qsizetype{2} * entry.Depth, ' ');
         widget.addItem(new QListWidgetItem(i <= tree.Current ? open : closed, indent + ShownText(entry.Name)));
     }
     widget.setCurrentRow(tree.Current);
@@ -84,8 +86,10 @@ CopyRecord Bind(FormWindow& window, DirList& folders, EntryList& widget) {
     };
     return [shown, tree, &window, &folders, &widget] {
         if (!shown->Differs(folders.Path, window.ListGeneration(), folders.Enabled, folders.Visible)) return;
-        *tree = TreeAt(folders.Path);
-        ShowTree(*tree, widget);
+        // What a person marked stays marked if nothing has changed on the disk.
+        const FolderTree now = TreeAt(folders.Path);
+        if (now != *tree) ShowTree(now, widget);
+        *tree = now;
         widget.setEnabled(folders.Enabled);
         widget.setVisible(folders.Visible);
     };

@@ -5,7 +5,7 @@
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QEventLoop>
-#include <QTimer>
+#include <QScreen>
 #include <QUrl>
 #include <algorithm>
 #include <utility>
@@ -39,9 +39,8 @@ DesktopDesk::DesktopDesk(FormWindow::LayoutMaker layout, std::function<void(int)
 DesktopDesk::~DesktopDesk() = default;
 
 int DesktopDesk::Run(Application& application) {
-    // Out of the event loop, so that ending at start-up ends a loop that runs.
-    QTimer::singleShot(0, qApp, [this, &application] { Start(application); });
-    QApplication::exec();
+    Start(application);
+    if (!ending_) QApplication::exec();
     return status_;
 }
 
@@ -68,11 +67,14 @@ void DesktopDesk::Act(const std::string& where, const std::function<void()>& act
     // Deleted by the event loop, when the widget that called this handler has returned too.
     for (std::unique_ptr<FormWindow>& window : retired_) window.release()->deleteLater();
     retired_.clear();
+    for (const auto& [form, window] : windows_) window->FreshenLists();
     RunLater();
     EndIfNothingIsLeft();
 }
 
-void DesktopDesk::ActLater(FormWindow& window, std::function<void()> act) { later_.emplace_back(&window, std::move(act)); }
+void DesktopDesk::ActLater(FormWindow& window, std::function<void()> act) {
+    later_.emplace_back(&window, std::move(act));
+}
 
 void DesktopDesk::RunLater() {
     const auto due = std::exchange(later_, {});
@@ -100,6 +102,7 @@ FormWindow* DesktopDesk::WindowOf(const Form& form) const {
 }
 
 QWidget* DesktopDesk::FrontWindow() const {
+    if (!modal_.empty()) return WindowOf(*modal_.back().first);
     if (QWidget* const active = QApplication::activeWindow()) return active;
     for (const auto& [form, window] : windows_) {
         if (window->isVisible()) return window.get();
@@ -160,7 +163,10 @@ void DesktopDesk::Redraw() {
 
 void DesktopDesk::FormShown(Form& form) {
     std::unique_ptr<FormWindow>& window = windows_[&form];
-    if (!window) window = std::make_unique<FormWindow>(form, *this, layout_);
+    if (!window) {
+        window = std::make_unique<FormWindow>(form, *this, layout_);
+        window->resize(window->size().boundedTo(window->screen()->availableSize()));
+    }
     window->CopyRecords();
     if (window->isMinimized()) {
         window->showNormal();

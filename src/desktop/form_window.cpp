@@ -38,13 +38,17 @@ void FormWindow::Act(const Control& control, const char* event, const std::funct
 }
 
 bool FormWindow::event(QEvent* event) {
-    // Programs may have written files since this window was in front last.
-    if (event->type() == QEvent::WindowActivate && !desk_.IsRunning()) ReadListsAnew();
+    if (event->type() == QEvent::WindowActivate) {
+        AgeLists();
+        // Lists don't change under a handler: its desk does this at its end.
+        if (!desk_.IsRunning()) FreshenLists();
+    }
     return QWidget::event(event);
 }
 
-void FormWindow::ReadListsAnew() {
-    if (form_ == nullptr) return;
+void FormWindow::FreshenLists() {
+    if (form_ == nullptr || !listsAreOld_) return;
+    listsAreOld_ = false;
     ++listGeneration_;
     for (const ControlRef& control : form_->Controls()) {
         FileList* const* const files = std::get_if<FileList*>(&control);

@@ -35,6 +35,10 @@ public:
 
     /// What a person did to `control`: runs `act` as the act `event`, if the form is still there.
     void Act(const Control& control, const char* event, const std::function<void()>& act);
+    /// Folder and file lists may no longer be true: the window comes to the front, or files were written.
+    void AgeLists() { listsAreOld_ = true; }
+    /// Reads old lists anew.
+    void FreshenLists();
     /// Rises when folder and file lists are to be read anew.
     int ListGeneration() const { return listGeneration_; }
 
@@ -44,13 +48,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void ReadListsAnew();
     void ClickNamed(const char* property);
 
     Form* form_;
     DesktopDesk& desk_;
     std::vector<CopyRecord> copies_;
     int listGeneration_ = 0;
+    bool listsAreOld_ = false;
 };
 
 }  // namespace crownlab

@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QWheelEvent>
+#include <algorithm>
 #include <cmath>
 
 namespace crownlab {
@@ -37,7 +38,8 @@ void VrmlCanvas::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons() & Qt::LeftButton) {
         scene_.Turn(moved.x() / width(), moved.y() / height());
     } else if (event->buttons() & (Qt::MiddleButton | Qt::RightButton)) {
-        scene_.Shift(moved.x() / height(), moved.y() / height());
+        const double side = std::min(width(), height());
+        scene_.Shift(moved.x() / side, moved.y() / side);
     }
     update();
 }

@@ -1,20 +1,22 @@
 #include "desktop/vrml_scene.h"
 
+#include <Inventor/SbBox3f.h>
 #include <Inventor/SbViewportRegion.h>
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInput.h>
 #include <Inventor/SoSceneManager.h>
-#include <Inventor/actions/SoGLRenderAction.h>
-#include <Inventor/actions/SoSearchAction.h>
-#include <Inventor/misc/SoChildList.h>
-#include <Inventor/elements/SoGLCacheContextElement.h>
-#include <Inventor/errors/SoReadError.h>
-#include <Inventor/nodes/SoDirectionalLight.h>
-#include <Inventor/nodes/SoPerspectiveCamera.h>
-#include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/VRMLnodes/SoVRMLBackground.h>
 #include <Inventor/VRMLnodes/SoVRMLElevationGrid.h>
 #include <Inventor/VRMLnodes/SoVRMLViewpoint.h>
+#include <Inventor/actions/SoGLRenderAction.h>
+#include <Inventor/actions/SoGetBoundingBoxAction.h>
+#include <Inventor/actions/SoSearchAction.h>
+#include <Inventor/elements/SoGLCacheContextElement.h>
+#include <Inventor/errors/SoReadError.h>
+#include <Inventor/misc/SoChildList.h>
+#include <Inventor/nodes/SoDirectionalLight.h>
+#include <Inventor/nodes/SoPerspectiveCamera.h>
+#include <Inventor/nodes/SoSeparator.h>
 
 #include <algorithm>
 #include <cmath>
@@ -75,6 +77,7 @@ struct VrmlScene::Coin {
     SoPerspectiveCamera* Camera = new SoPerspectiveCamera;
     SoDirectionalLight* Headlight = new SoDirectionalLight;
     SoSeparator* Model = nullptr;
+    SbBox3f Box;  ///< extents of the model
     SoSceneManager Manager;
     QColor Sky = kSky;
     bool HasViewpoint = false;
@@ -116,7 +119,8 @@ struct VrmlScene::Coin {
         const SoVRMLBackground* const background = FindFirst<SoVRMLBackground>(Model);
         if (background == nullptr || background->skyColor.getNum() == 0) return;
         const SbColor sky = background->skyColor[0];
-        Sky = QColor::fromRgbF(std::clamp(sky[0], 0.f, 1.f), std::clamp(sky[1], 0.f, 1.f), std::clamp(sky[2], 0.f, 1.f));
+        Sky =
+            QColor::fromRgbF(std::clamp(sky[0], 0.f, 1.f), std::clamp(sky[1], 0.f, 1.f), std::clamp(sky[2], 0.f, 1.f));
     }
 
     SbVec3f Direction(const SbVec3f& inCamera) const {
@@ -129,8 +133,34 @@ struct VrmlScene::Coin {
         return Camera->position.getValue() + Direction(SbVec3f(0, 0, -1)) * Camera->focalDistance.getValue();
     }
 
+    /// How far from the middle of the model the camera has to stand so that each corner of its box lies inside
+    /// the view, whose edges rise by `slope` across and down for one unit ahead.
+    float DistanceToSeeAll(const SbVec2f& slope) const {
+        constexpr float margin = 1.05f;
+        const SbRotation toCamera = Camera->orientation.getValue().inverse();
+        float distance = 0;
+        for (int corner = 0; corner < 8; ++corner) {
+            SbVec3f at;
+            for (int axis = 0; axis < 3; ++axis)
+                at[axis] = ((corner >> axis) & 1) != 0 ? Box.getMax()[axis] : Box.getMin()[axis];
+            toCamera.multVec(at - Box.getCenter(), at);
+            const float beside = std::max(std::abs(at[0]) / slope[0], std::abs(at[1]) / slope[1]);
+            distance = std::max(distance, at[2] + margin * beside);
+        }
+        return std::max(distance, 1e-3f);
+    }
+
+    /// Nothing of the model is cut off at the near or far end.
+    void TakeDepths() const {
+        const float radius = (Box.getMax() - Box.getMin()).length() / 2;
+        const float middle = (Box.getCenter() - Camera->position.getValue()).dot(Direction(SbVec3f(0, 0, -1)));
+        Camera->farDistance = std::max(middle + 1.01f * radius, 1e-3f);
+        // A depth buffer of 24 bits tells depths apart down to this share of the farthest.
+        Camera->nearDistance = std::max(middle - 1.01f * radius, Camera->farDistance.getValue() / 5000);
+    }
+
     /// Stands the camera `distance` before `focus`, as it is turned.
-    void Stand(const SbVec3f& focus, float distance) {
+    void Stand(const SbVec3f& focus, float distance) const {
         Camera->focalDistance = distance;
         Camera->position = focus - Direction(SbVec3f(0, 0, -1)) * distance;
     }
@@ -145,6 +175,7 @@ VrmlScene::~VrmlScene() = default;
 
 std::string VrmlScene::Read(const std::string& file) {
     coin_->SetModel(nullptr);
+    coin_->Box.makeEmpty();
     firstReadError.clear();
     SoInput input;
     if (!input.openFile(file.c_str(), TRUE)) return "can't be opened";
@@ -155,6 +186,9 @@ std::string VrmlScene::Read(const std::string& file) {
         coin_->SetModel(nullptr);
         return "holds fewer heights than it tells";
     }
+    SoGetBoundingBoxAction size{SbViewportRegion()};
+    size.apply(model);
+    coin_->Box = size.getBoundingBox();
     coin_->LookFromViewpoint();
     coin_->TakeSky();
     if (!coin_->HasViewpoint) Fit(QSize(1, 1));
@@ -162,9 +196,13 @@ std::string VrmlScene::Read(const std::string& file) {
 }
 
 void VrmlScene::Fit(QSize view) {
-    if (coin_->Model == nullptr || view.isEmpty()) return;
-    const SbViewportRegion region(static_cast<short>(view.width()), static_cast<short>(view.height()));
-    coin_->Camera->viewAll(coin_->Model, region);
+    if (coin_->Box.isEmpty() || view.isEmpty()) return;
+    // The height angle of the camera spans the shorter side of the view.
+    const float across = std::tan(coin_->Camera->heightAngle.getValue() / 2);
+    const float shorter = static_cast<float>(std::min(view.width(), view.height()));
+    const SbVec2f slope(across * static_cast<float>(view.width()) / shorter,
+                        across * static_cast<float>(view.height()) / shorter);
+    coin_->Stand(coin_->Box.getCenter(), coin_->DistanceToSeeAll(slope));
 }
 
 void VrmlScene::Turn(double acrossShare, double downShare) {
@@ -177,10 +215,10 @@ void VrmlScene::Turn(double acrossShare, double downShare) {
 }
 
 void VrmlScene::Shift(double acrossShare, double downShare) {
-    // At the distance of the focus the view is this high.
-    const float height =
+    // At the distance of the focus the shorter side of the view is this long.
+    const float side =
         2 * coin_->Camera->focalDistance.getValue() * std::tan(coin_->Camera->heightAngle.getValue() / 2);
-    const SbVec3f inCamera(static_cast<float>(-acrossShare) * height, static_cast<float>(downShare) * height, 0);
+    const SbVec3f inCamera(static_cast<float>(-acrossShare) * side, static_cast<float>(downShare) * side, 0);
     coin_->Camera->position = coin_->Camera->position.getValue() + coin_->Direction(inCamera);
 }
 
@@ -189,6 +227,7 @@ void VrmlScene::Approach(double factor) {
 }
 
 void VrmlScene::Draw(QSize view, unsigned context) {
+    if (!coin_->Box.isEmpty()) coin_->TakeDepths();
     coin_->Headlight->direction = coin_->Direction(SbVec3f(0, 0, -1));
     SoSceneManager& manager = coin_->Manager;
     manager.getGLRenderAction()->setCacheContext(context);

@@ -23,7 +23,7 @@ public:
     void Fit(QSize view);
     /// Turns the model under the mouse; a move by the height or width of the view is half a turn.
     void Turn(double acrossShare, double downShare);
-    /// Shifts the model by a share of the view's height.
+    /// Shifts the model by a share of the view's shorter side.
     void Shift(double acrossShare, double downShare);
     /// Brings the camera nearer (`factor` below 1) or farther.
     void Approach(double factor);

@@ -98,7 +98,7 @@ void SizeWorkingArrays(ViewerState& state) {
     state.ProcGrid = SurfaceGrid(state.CellGrid, 0);
     state.SlopeGrid = {};
     state.AspectGrid = {};
-    state.RenderValue.clear();
+    state.RenderValue.assign(state.CellGrid.Size(), 0);
     state.Stack = {};
     state.Stack.NumX = state.NumX;
     state.Stack.NumY = state.NumY;

@@ -91,8 +91,8 @@ double ShadedGrey(double slope, double aspect, const LightAngles& angles, const 
     const double s = slope * kPi / 180;
     const double a = aspect == kEmptyCellZ ? 0 : aspect * kPi / 180;
     const double cosI = std::sin(s) * angles.SinZenith * std::cos(a - angles.Azimuth) + angles.CosZenith * std::cos(s);
-    const double spec = Power(2 * cosI * std::cos(s) - angles.CosZenith, light.b, "shaded relief");
-    const double intensity = spec * (1 - light.w) + cosI * light.w;
+    const double specular = Power(2 * cosI * std::cos(s) - angles.CosZenith, light.b, "shaded relief");
+    const double intensity = specular * (1 - light.w) + cosI * light.w;
     return std::max(0.0, Finite(255 * intensity, "shaded relief"));
 }
 

@@ -24,7 +24,7 @@ vrml::Vector PositionOf(const SurfaceGrid& grid, const SurfaceModel& model, doub
 }
 
 void WriteHeights(ResultFile& file, const SurfaceGrid& grid, double zLow) {
-    for (int row = 1; row <= grid.NumY; ++row) {
+    for (int row = grid.NumY; row >= 1; --row) {
         for (int column = 1; column <= grid.NumX; ++column) {
             const double z = grid.z(column, row);
             file.PrintNumber(RoundDecimals(z == kEmptyCellZ ? zLow : z, 4));

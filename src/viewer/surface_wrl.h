@@ -18,8 +18,9 @@ struct SurfaceModel {
     double ZLow = 0;   ///< level at which empty cells are written
 };
 
-/// Writes a surface as a VRML 2.0 elevation grid, one height a cell, a line a row from row 1 on. The model lies with
-/// column 1, row 1 at its origin; x runs with the columns, height is y, z runs with the rows.
+/// Writes a surface as a VRML 2.0 elevation grid, one height a cell, a line a row from the last row (highest y)
+/// to row 1. The model lies with column 1 of the last row at its origin; x runs with the columns, height is y, z
+/// runs against the rows, so that the model is no mirror image: a left tooth stays a left tooth.
 ///
 /// Scale = kModelWidth / ((NumX - 1) × StepX), rounded at three decimals and never below 0.001, so that a
 /// model is not lost however wide its cells are. The only viewpoint looks straight down on the middle. With

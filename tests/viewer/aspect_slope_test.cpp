@@ -79,14 +79,14 @@ Grids ResultsOf(const SurfaceGrid& work, const AspectSlopeOptions& options) {
 }
 
 TEST(AspectSlope, EqualsTheSlowVersionBitForBit) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     for (int round = 0; round < 5; ++round) {
         for (const NamedSurface& surface : SurfaceFamilies(numbers)) {
             for (const bool useMinSlope : {false, true}) {
                 SCOPED_TRACE(surface.Name + (useMinSlope ? ", minimum slope" : ""));
                 const AspectSlopeOptions options{
-                    .StepX = kSteps[numbers.Below(3)], .UseMinSlope = useMinSlope, .MinSlope = 90 * numbers.Share()};
+                    .StepX = kSteps[numbers.Below(3)], .UseMinSlope = useMinSlope, .MinSlope = 90 * Share(numbers)};
                 const Grids found = ResultsOf(surface.Grid, options);
                 const SlowResult slow = SlowAspectSlope(surface.Grid, options, [](double x) { return ArcTangent(x); });
                 ASSERT_TRUE(SameCells(slow.Slope, found.Slope));
@@ -97,8 +97,8 @@ TEST(AspectSlope, EqualsTheSlowVersionBitForBit) {
 }
 
 TEST(AspectSlope, AgreesWithTheLibrarysArcTangent) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     const auto libraryArcTan = [](double x) { return std::atan(x); };
     int compared = 0;
     for (const NamedSurface& surface : SurfaceFamilies(numbers)) {
@@ -118,7 +118,7 @@ TEST(AspectSlope, AgreesWithTheLibrarysArcTangent) {
 
 // A part of a row gives what the whole pass gives: the pass stops at one cell to serve other events.
 TEST(AspectSlope, PartsOfARowMakeTheWhole) {
-    TestNumbers numbers;
+    RandomNumbers numbers;
     for (const NamedSurface& surface : SurfaceFamilies(numbers)) {
         SCOPED_TRACE(surface.Name);
         const SurfaceGrid& work = surface.Grid;
@@ -138,7 +138,8 @@ TEST(AspectSlope, PartsOfARowMakeTheWhole) {
 TEST(AspectSlope, PlanesFaceDownhill) {
     const AspectSlopeOptions options{.StepX = 0.5};
     const auto facing = [&](double perColumn, double perRow) {
-        return ResultsOf(MakeGrid(3, 3, [&](int i, int j) { return perColumn * i + perRow * j; }), options).Aspect.z(2, 2);
+        return ResultsOf(MakeGrid(3, 3, [&](int i, int j) { return perColumn * i + perRow * j; }), options)
+            .Aspect.z(2, 2);
     };
     EXPECT_EQ(facing(1, 0), 270);
     EXPECT_EQ(facing(-1, 0), 90);
@@ -186,10 +187,12 @@ TEST(AspectSlope, ALevelCellIsBelowAMinimumAboveZero) {
 
 TEST(AspectSlope, FailsWhereANumberCannotBe) {
     const SurfaceGrid plane = MakeGrid(3, 3, [](int i, int) { return 1.0 * i; });
-    EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero, [&] { ResultsOf(plane, {.StepX = 0}); }, "StepX"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::DivisionByZero, [&] { ResultsOf(plane, {.StepX = 0}); }, "StepX"));
     const double huge = std::numeric_limits<double>::max() / 4;
     const SurfaceGrid cliff = MakeGrid(3, 3, [&](int i, int) { return huge * (i - 2); });
-    EXPECT_TRUE(FailsWith(FailureKind::Overflow, [&] { ResultsOf(cliff, {.StepX = 1}); }, "SlopeGrid"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::Overflow, [&] { ResultsOf(cliff, {.StepX = 1}); }, "SlopeGrid"));
 }
 
 }  // namespace

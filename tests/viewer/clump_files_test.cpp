@@ -20,13 +20,15 @@ ClumpReport ReportOf(const TempFolder& folder, const ClumpResult& result) {
 TEST(ClumpFiles, ResultsHoldOneLineAndTheSizes) {
     const TempFolder folder;
     FileTable files;
-    const ClumpResult result{.ClumpSizes = {5, 9, 3}, .TotalCells = 20, .PatchDiversity = 3.5, .ClumpInfo = "cl_asp8_2"};
+    const ClumpResult result{
+        .ClumpSizes = {5, 9, 3}, .TotalCells = 20, .PatchDiversity = 3.5, .ClumpInfo = "cl_asp8_2"};
     WriteClumpResults(files, ReportOf(folder, result));
     // Mean 17/3; deviation sqrt((4/9 + 100/9 + 64/9) / 2) = sqrt(28/3).
     EXPECT_EQ(FileBytes(folder / "a-cl_asp8_2results.csv"),
-              std::string(kItems) + "\"cl_asp8_2\",3,5.66666666666667,3.05505046330389,3,9,4,4,4,3.5\r\n"
-                                    "\r\n"
-                                    "\"ClumpNo\",\"ClumpSize\"\r\n1,5\r\n2,9\r\n3,3\r\n");
+              std::string(kItems) +
+                  "\"cl_asp8_2\",3,5.66666666666667,3.05505046330389,3,9,4,4,4,3.5\r\n"
+                  "\r\n"
+                  "\"ClumpNo\",\"ClumpSize\"\r\n1,5\r\n2,9\r\n3,3\r\n");
     EXPECT_EQ(ClumpImagePath(ReportOf(folder, result)), folder / "a-cl_asp8_2.bmp");
 }
 
@@ -43,7 +45,8 @@ TEST(ClumpFiles, OnePatchAndNone) {
     FileTable files;
     const ClumpResult none{.ClumpSizes = {}, .TotalCells = 4, .PatchDiversity = 0, .ClumpInfo = "i"};
     WriteClumpResults(files, ReportOf(folder, none));
-    EXPECT_EQ(FileBytes(folder / "a-iresults.csv"), std::string(kItems) + "\"i\",0,0,0,0,0,0,0,0,0\r\n\r\n\"ClumpNo\",\"ClumpSize\"\r\n");
+    EXPECT_EQ(FileBytes(folder / "a-iresults.csv"),
+              std::string(kItems) + "\"i\",0,0,0,0,0,0,0,0,0\r\n\r\n\"ClumpNo\",\"ClumpSize\"\r\n");
 }
 
 TEST(ClumpFiles, CellsOfPatchesRowByRow) {
@@ -51,7 +54,8 @@ TEST(ClumpFiles, CellsOfPatchesRowByRow) {
     FileTable files;
     const ClumpResult result{.ClumpSizes = {2, 1}, .TotalCells = 4, .PatchDiversity = 1, .ClumpInfo = "i"};
     const SurfaceGrid like = MakeGrid(2, 2, [](int, int) { return 0.0; });
-    WriteClumpCells(files, ReportOf(folder, result), {.NumX = 2, .NumY = 2, .Places = like.Places, .Labels = {1, 9999, 1, 2}});
+    WriteClumpCells(files, ReportOf(folder, result),
+                    {.NumX = 2, .NumY = 2, .Places = like.Places, .Labels = {1, 9999, 1, 2}});
     EXPECT_EQ(FileBytes(folder / "a-i.csv"), "-.75,30.25,1\r\n-.75,30.5,1\r\n-.5,30.5,2\r\n");
 }
 

@@ -8,7 +8,8 @@
 #include "support/expect_failure.h"
 #include "support/temp_folder.h"
 #include "viewer/slow_clump.h"
-#include "viewer/test_viewer.h"
+#include "viewer/take_surface.h"
+#include "viewer/viewer_window.h"
 
 namespace crownlab {
 namespace {
@@ -51,17 +52,17 @@ double SlowDiversity(const SurfaceGrid& work, const std::vector<double>& sizes) 
 }
 
 TEST(ClumpRun, EqualsTheSlowVersionOnAllSurfaces) {
-    SCOPED_TRACE(kSurfaceSeed);
+    SCOPED_TRACE(kRandomSeed);
     const TempFolder folder;
-    TestNumbers numbers;
-    TestViewer viewer;
+    RandomNumbers numbers;
+    ViewerWindow viewer;
     FrmCSVView& form = viewer.Form();
     form.chkClumpSaveImage.Checked = false;
     int contours = 0;
     for (const NamedSurface& surface : SurfaceFamilies(numbers)) {
         const bool contour = surface.Grid.NumX > 2 && surface.Grid.NumY > 2 && numbers.Below(3) == 0;
         SCOPED_TRACE(surface.Name + (contour ? ", contour" : ", orientation"));
-        viewer.TakeSurface(surface.Grid, folder.Path());
+        TakeSurface(viewer.Form(), surface.Grid, folder.Path());
         form.optClumpAspectSlope.Selected = !contour;
         form.optClumpContour.Selected = contour;
         form.chkUseMinSlope.Checked = numbers.Below(2) == 0;
@@ -89,18 +90,18 @@ TEST(ClumpRun, EqualsTheSlowVersionOnAllSurfaces) {
 }
 
 /// A grid in which all the places at which other events are served are reached: 30 by 50 and 13 by 137.
-SurfaceGrid LargeGrid(int numX, int numY, bool manyLabels, TestNumbers& numbers) {
+SurfaceGrid LargeGrid(int numX, int numY, bool manyLabels, RandomNumbers& numbers) {
     return MakeGrid(numX, numY, [&](int i, int j) {
-        return manyLabels && numbers.Below(4) == 0 ? 20 * numbers.Share() : 3 * std::sin(0.1 * i) * std::cos(0.07 * j);
+        return manyLabels && numbers.Below(4) == 0 ? 20 * Share(numbers) : 3 * std::sin(0.1 * i) * std::cos(0.07 * j);
     });
 }
 
 int YieldsOfRun(const SurfaceGrid& grid, int& numLabels) {
     const TempFolder folder;
-    TestViewer viewer;
+    ViewerWindow viewer;
     FrmCSVView& form = viewer.Form();
     form.chkClumpSaveImage.Checked = false;
-    viewer.TakeSurface(grid, folder.Path());
+    TakeSurface(viewer.Form(), grid, folder.Path());
     cmdProcClump_Click(form);
     numLabels = form.State.NumLabels;
     ExpectSameStages(form.State, SlowRunOf(form.State, false, 2));
@@ -110,8 +111,8 @@ int YieldsOfRun(const SurfaceGrid& grid, int& numLabels) {
 // Once in the orientation pass (column 30, row 50); in each of the four passes once while equivalences are
 // looked for and once while labels are replaced (column 13, row 137), and once in the table at label 406.
 TEST(ClumpRun, ServesOtherEventsAtItsPlaces) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     int numLabels = 0;
     EXPECT_EQ(YieldsOfRun(LargeGrid(61, 141, true, numbers), numLabels), 1 + 4 * 3);
     EXPECT_GE(numLabels, 406);
@@ -129,73 +130,99 @@ TEST(ClumpRun, ServesOtherEventsAtItsPlaces) {
 }
 
 /// The count on `grid` with `act` at the yield of that number. How the outer count ended.
-std::string RunWith(const SurfaceGrid& grid, int yield, const std::function<void(TestViewer&, const std::string&)>& act) {
+std::string RunWith(const SurfaceGrid& grid, int yield,
+                    const std::function<void(FrmCSVView&, const std::string&)>& act) {
     const TempFolder folder;
-    TestViewer viewer;
+    ViewerWindow viewer;
     FrmCSVView& form = viewer.Form();
     form.chkClumpSaveImage.Checked = false;
-    viewer.TakeSurface(grid, folder.Path());
-    bool inside = false;
-    viewer.Screen.AtYield = [&](int number) {
-        if (inside || number != yield) return;
-        inside = true;
-        Dispatch(viewer.Screen, "nested", [&] { act(viewer, folder.Path()); });
-    };
+    TakeSurface(viewer.Form(), grid, folder.Path());
+    bool acted = false;
+    viewer.Screen.AtYield(yield, [&] {
+        acted = true;
+        Dispatch(viewer.Screen, "nested", [&] { act(form, folder.Path()); });
+    });
     EXPECT_EQ(viewer.Screen.Yields, 0);
     try {
         cmdProcClump_Click(form);
     } catch (const Failure& failure) {
         return std::string(FailureName(failure.Kind()));
     }
-    EXPECT_TRUE(inside);
+    EXPECT_TRUE(acted);
     return "done";
 }
 
 TEST(ClumpRun, BearsWhateverHappensAtItsYields) {
-    TestNumbers numbers;
+    RandomNumbers numbers;
     const SurfaceGrid grid = LargeGrid(40, 140, true, numbers);
     const SurfaceGrid smaller = LargeGrid(20, 20, false, numbers);
     const SurfaceGrid larger = LargeGrid(50, 150, false, numbers);
     for (int yield = 1; yield <= 13; ++yield) {
         SCOPED_TRACE(yield);
-        const auto press = [](TestViewer& v, const std::string&) { cmdProcClump_Click(v.Form()); };
+        const auto press = [](FrmCSVView& f, const std::string&) { cmdProcClump_Click(f); };
         EXPECT_EQ(RunWith(grid, yield, press), "done");
         for (const SurfaceGrid* const other : {&smaller, &larger}) {
-            const auto read = [&](TestViewer& v, const std::string& folder) { v.TakeSurface(*other, folder); };
+            const auto read = [&](FrmCSVView& f, const std::string& folder) { TakeSurface(f, *other, folder); };
             EXPECT_EQ(RunWith(grid, yield, read), "SubscriptOutOfRange");
             // A whole count of another surface in between: whatever comes of it, nothing is touched outside the arrays.
-            const auto readAndCount = [&](TestViewer& v, const std::string& folder) {
-                v.TakeSurface(*other, folder);
-                cmdProcClump_Click(v.Form());
+            const auto readAndCount = [&](FrmCSVView& f, const std::string& folder) {
+                TakeSurface(f, *other, folder);
+                cmdProcClump_Click(f);
             };
             const std::string end = RunWith(grid, yield, readAndCount);
             EXPECT_TRUE(end == "done" || end == "SubscriptOutOfRange") << end;
         }
-        const auto slopes = [](TestViewer& v, const std::string&) {
-            v.Form().chkAspectSlopeSaveImage.Checked = false;
-            cmdProcAspectSlope_Click(v.Form());
+        const auto slopes = [](FrmCSVView& f, const std::string&) {
+            f.chkAspectSlopeSaveImage.Checked = false;
+            cmdProcAspectSlope_Click(f);
         };
         EXPECT_EQ(RunWith(grid, yield, slopes), "done");
-        const auto copy = [](TestViewer& v, const std::string&) { CopyPicBoxProc(v.Form(), -1, 2); };
+        const auto copy = [](FrmCSVView& f, const std::string&) { CopyPicBoxProc(f, -1, 2); };
         EXPECT_EQ(RunWith(grid, yield, copy), "done");
     }
 }
 
+// Another surface of the same size is read and counted while pass one looks for equivalences: the rest of that pass and
+// all that follows go by the labels that the inner count left, with a table that it left empty.
+TEST(ClumpRun, GoesOnWithWhatAnInnerCountLeft) {
+    SCOPED_TRACE(kRandomSeed);
+    const TempFolder folder;
+    RandomNumbers numbers;
+    const SurfaceGrid grid = LargeGrid(40, 200, false, numbers);
+    const SurfaceGrid other = LargeGrid(40, 200, true, numbers);
+    ViewerWindow viewer;
+    FrmCSVView& form = viewer.Form();
+    form.chkClumpSaveImage.Checked = false;
+    TakeSurface(form, grid, folder.Path());
+    viewer.Screen.AtYield(2, [&] {
+        TakeSurface(form, other, folder.Path());
+        cmdProcClump_Click(form);
+    });
+    cmdProcClump_Click(form);
+
+    SlowClump slow = SlowRunOf(form.State, false, 2);
+    for (int row = 137; row <= 200; ++row) {
+        for (int column = row == 137 ? 13 : 1; column <= 40; ++column) slow.FindEquiv(2, column, row);
+    }
+    slow.Shorten();
+    slow.FixEquiv(2);
+    slow.EquivTable.assign(slow.EquivTable.size(), 0);
+    for (int pass = 2; pass <= 4; ++pass) slow.DoPass(pass);
+    slow.ClumpSizes.clear();
+    slow.Count();
+    ExpectSameStages(form.State, slow);
+}
+
 // Pressing the button in the middle of its own run leaves the same files as one run does.
 TEST(ClumpRun, NestedInItselfGivesTheSameCount) {
-    TestNumbers numbers;
+    RandomNumbers numbers;
     const SurfaceGrid grid = LargeGrid(40, 140, true, numbers);
     const TempFolder folder;
     const auto bytes = [&](int yield) {
-        TestViewer viewer;
+        ViewerWindow viewer;
         viewer.Form().chkClumpSaveImage.Checked = false;
-        viewer.TakeSurface(grid, folder.Path());
-        bool inside = false;
-        viewer.Screen.AtYield = [&](int number) {
-            if (inside || number != yield) return;
-            inside = true;
-            cmdProcClump_Click(viewer.Form());
-        };
+        TakeSurface(viewer.Form(), grid, folder.Path());
+        viewer.Screen.AtYield(yield, [&] { cmdProcClump_Click(viewer.Form()); });
         cmdProcClump_Click(viewer.Form());
         return FileBytes(folder / "cl_asp8_2/surface-cl_asp8_2.csv");
     };
@@ -207,9 +234,9 @@ TEST(ClumpRun, NestedInItselfGivesTheSameCount) {
 
 TEST(ClumpRun, CurrentViewBeforeAnyRunDividesByZero) {
     const TempFolder folder;
-    TestNumbers numbers;
-    TestViewer viewer;
-    viewer.TakeSurface(LargeGrid(9, 9, false, numbers), folder.Path());
+    RandomNumbers numbers;
+    ViewerWindow viewer;
+    TakeSurface(viewer.Form(), LargeGrid(9, 9, false, numbers), folder.Path());
     viewer.Form().optClumpAspectSlope.Selected = false;
     viewer.Form().optClumpCurrentView.Selected = true;
     EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero, [&] { cmdProcClump_Click(viewer.Form()); }));

@@ -55,7 +55,7 @@ LabelGrid DoPass(const std::vector<double>& category, const LabelGrid& labels, i
 }
 
 /// Every stage of the count against the slow version. Returns the number of labels.
-int ExpectSameCount(const SurfaceGrid& proc, const ClassRule& rule, int minClumpSize, TestNumbers& numbers) {
+int ExpectSameCount(const SurfaceGrid& proc, const ClassRule& rule, int minClumpSize, RandomNumbers& numbers) {
     SlowClump slow = SlowClumpOf(proc, rule);
     slow.MinClumpSize = minClumpSize;
     slow.Run();
@@ -82,11 +82,11 @@ int ExpectSameCount(const SurfaceGrid& proc, const ClassRule& rule, int minClump
 }
 
 TEST(Clump, EqualsTheSlowVersionAtEveryStage) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     for (int round = 0; round < 6; ++round) {
-        for (const auto& [numX, numY] :
-             std::vector<std::pair<int, int>>{{1, 1}, {1, 12}, {12, 1}, {2, 2}, {7, 7}, {3, 40}, {40, 3}, {33, 29}, {60, 61}}) {
+        for (const auto& [numX, numY] : std::vector<std::pair<int, int>>{
+                 {1, 1}, {1, 12}, {12, 1}, {2, 2}, {7, 7}, {3, 40}, {40, 3}, {33, 29}, {60, 61}}) {
             for (const NamedSurface& surface : CategorySurfaces(numX, numY, numbers)) {
                 SCOPED_TRACE(surface.Name);
                 ClassRule rule = kBands;
@@ -99,15 +99,15 @@ TEST(Clump, EqualsTheSlowVersionAtEveryStage) {
 }
 
 TEST(Clump, OrientationsOfAllCategoryNumbersEqualTheSlowVersion) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     const auto orientation = [&](int, int) -> double {
         switch (numbers.Below(8)) {
             case 0: return -1;
             case 1: return 9999;
             case 2: return 22.5 * static_cast<double>(numbers.Below(17));
             case 3: return 360;
-            default: return 360 * numbers.Share();
+            default: return 360 * Share(numbers);
         }
     };
     for (const double categories : {1.0, 2.0, 3.0, 6.0, 7.0, 7.5, 8.0, 8.5, 11.0, 16.0, 360.0, 361.0, 700.0, -8.0}) {
@@ -118,7 +118,7 @@ TEST(Clump, OrientationsOfAllCategoryNumbersEqualTheSlowVersion) {
 }
 
 /// Noise of three values that has exactly `labels` labels: from the cell on that would get one more all is void.
-SurfaceGrid NoiseOfLabels(int numX, int numY, int labels, TestNumbers& numbers) {
+SurfaceGrid NoiseOfLabels(int numX, int numY, int labels, RandomNumbers& numbers) {
     SurfaceGrid grid = MakeGrid(numX, numY, [&](int, int) { return static_cast<double>(numbers.Below(3)); });
     int last = 2;
     for (std::size_t at = 1; at < grid.Size(); ++at) {
@@ -137,14 +137,52 @@ SurfaceGrid NoiseOfLabels(int numX, int numY, int labels, TestNumbers& numbers) 
 }
 
 TEST(Clump, ManyLabelsEqualTheSlowVersion) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     // 9999 marks a cell without a label as well: a patch of that label is void.
     for (const int labels : {405, 406, 407, 9998, 9999, 10000}) {
         SCOPED_TRACE(labels);
         const int side = labels < 1000 ? 60 : 200;
         const SurfaceGrid noise = NoiseOfLabels(side, side, labels, numbers);
         EXPECT_EQ(ExpectSameCount(noise, kBands, 0, numbers), labels);
+    }
+}
+
+/// A board on which every cell has a label of its own, and over it a maze that goes on up to the label `last`: a cell
+/// that would need one more is void.
+SurfaceGrid BoardWithMaze(int last, RandomNumbers& numbers) {
+    const int numX = 99;
+    const int boardRows = 100;
+    int label = 0;
+    SurfaceGrid grid = MakeGrid(numX, boardRows + 24, [&](int i, int j) {
+        if (j <= boardRows) return static_cast<double>((i + j) % 2);
+        const bool wall = j == boardRows + 1 || numbers.Below(100) < 38;
+        return wall ? kEmptyCellZ : 7.0;
+    });
+    for (std::size_t at = 0; at < grid.Size(); ++at) {
+        if (grid.Z[at] == kEmptyCellZ) continue;
+        const bool left = at % numX != 0 && grid.Z[at] == grid.Z[at - 1];
+        const bool below = at >= numX && grid.Z[at] == grid.Z[at - numX];
+        if (left || below) continue;
+        if (label == last) {
+            grid.Z[at] = kEmptyCellZ;
+        } else {
+            label += label == 0 ? 2 : 1;
+        }
+    }
+    EXPECT_EQ(label, last);
+    return grid;
+}
+
+// Cells of label 9999 enter nothing into the table themselves, only their neighbours do.
+TEST(Clump, MazesAtTheTablesEndEqualTheSlowVersion) {
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
+    for (int round = 0; round < 25; ++round) {
+        for (const int last : {9999, 10000}) {
+            SCOPED_TRACE(last);
+            EXPECT_EQ(ExpectSameCount(BoardWithMaze(last, numbers), kBands, 0, numbers), last);
+        }
     }
 }
 
@@ -167,19 +205,23 @@ TEST(Clump, TheTableEndsAtTenThousandLabels) {
     EXPECT_EQ(first.LastLabel, 10001);
     std::vector<std::int16_t> table = EmptyEquivTable();
     EXPECT_TRUE(FailsWith(
-        FailureKind::SubscriptOutOfRange, [&] { ShortenEquivTable(table, first.LastLabel, first.LastLabel, 1); }, "EquivTable"));
+        FailureKind::SubscriptOutOfRange, [&] { ShortenEquivTable(table, first.LastLabel, first.LastLabel, 1); },
+        "EquivTable"));
     EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [&] {
         SlowClump slow = SlowClumpOf(board, kBands);
         slow.Run();
     }));
     // A pair above it can't even be entered.
-    TestNumbers numbers;
+    RandomNumbers numbers;
     const SurfaceGrid noise = NoiseOfLabels(300, 300, 12000, numbers);
     const std::vector<double> category = Categorise(noise, kBands);
     const LabelGrid labels = FirstLabels(category, noise).Labels;
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [&] {
-        FindEquiv(category, labels, CellsWithPairs(category, labels), Pass::One, 0, labels.Labels.size(), table);
-    }, "EquivTable"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange,
+        [&] {
+            FindEquiv(category, labels, CellsWithPairs(category, labels), Pass::One, 0, labels.Labels.size(), table);
+        },
+        "EquivTable"));
 }
 
 TEST(Clump, LabelsBeyondSixteenBitsOverflow) {
@@ -187,7 +229,8 @@ TEST(Clump, LabelsBeyondSixteenBitsOverflow) {
         return MakeGrid(numX, numY, [](int i, int j) { return static_cast<double>((i + j) % 2); });
     };
     const SurfaceGrid most = board(113, 290);  // 32770 cells
-    EXPECT_TRUE(FailsWith(FailureKind::Overflow, [&] { FirstLabels(Categorise(most, kBands), most); }, "NextClumpLabel"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::Overflow, [&] { FirstLabels(Categorise(most, kBands), most); }, "NextClumpLabel"));
     const SurfaceGrid less = board(2, 16383);  // 32766 cells and the label that is left out
     EXPECT_EQ(FirstLabels(Categorise(less, kBands), less).LastLabel, 32767);
 }
@@ -206,14 +249,16 @@ void SlowShorten(std::vector<std::int16_t>& table, int numLabels) {
 }
 
 /// Entries are 0 or smaller than their label; chains are short, long or all to few labels.
-std::vector<std::int16_t> RandomTable(int numLabels, TestNumbers& numbers) {
+std::vector<std::int16_t> RandomTable(int numLabels, RandomNumbers& numbers) {
     std::vector<std::int16_t> table = EmptyEquivTable();
     const std::uint64_t kind = numbers.Below(4);
     const std::uint64_t filled = 1 + numbers.Below(4);
     for (int label = 2; label <= numLabels; ++label) {
         if (numbers.Below(4) >= filled) continue;
         const auto lower = static_cast<std::uint64_t>(label - 1);
-        const std::uint64_t reach = kind == 0 ? lower : kind == 1 ? std::min<std::uint64_t>(lower, 3) : std::min<std::uint64_t>(lower, 40);
+        const std::uint64_t reach = kind == 0   ? lower
+                                    : kind == 1 ? std::min<std::uint64_t>(lower, 3)
+                                                : std::min<std::uint64_t>(lower, 40);
         const std::uint64_t entry = kind == 3 ? 1 + numbers.Below(reach) : lower - numbers.Below(reach);
         table[static_cast<std::size_t>(label)] = static_cast<std::int16_t>(entry);
     }
@@ -221,8 +266,8 @@ std::vector<std::int16_t> RandomTable(int numLabels, TestNumbers& numbers) {
 }
 
 TEST(Clump, ShorteningEqualsThePlainLoops) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     for (int round = 0; round < 4000; ++round) {
         const int numLabels = round < 6 ? 10000 - round : static_cast<int>(numbers.Below(round % 10 == 0 ? 1200 : 60));
         SCOPED_TRACE(numLabels);
@@ -294,16 +339,20 @@ TEST(Clump, SectorsWrapAroundNorth) {
 }
 
 TEST(Clump, CategoriesThatCannotBeFail) {
-    EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero, [] { OrientationRule(0, false); }, "NumCategories"));
-    EXPECT_TRUE(FailsWith(FailureKind::Overflow, [] { OrientationRule(40000, false); }, "NumCategories"));
-    EXPECT_TRUE(FailsWith(FailureKind::Overflow, [] { ContourRule(0, 32767, false); }, "NumCategories"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::DivisionByZero, [] { OrientationRule(0, false); }, "NumCategories"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::Overflow, [] { OrientationRule(40000, false); }, "NumCategories"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::Overflow, [] { ContourRule(0, 32767, false); }, "NumCategories"));
     EXPECT_EQ(ContourRule(-2, 5, false).NumCategories, 8);
     // 360 / 721 rounds to a width of 0.
-    EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero, [] { CategoryOfOne(3, OrientationRule(721, false)); }, "SectorWidth"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::DivisionByZero, [] { CategoryOfOne(3, OrientationRule(721, false)); }, "SectorWidth"));
 }
 
 TEST(Clump, CornersDoNotJoin) {
-    TestNumbers numbers;
+    RandomNumbers numbers;
     const SurfaceGrid two = MakeGrid(2, 2, [](int i, int j) { return i == j ? 3.0 : kEmptyCellZ; });
     ExpectSameCount(two, kBands, 0, numbers);
     const FirstLabelsResult first = FirstLabels(Categorise(two, kBands), two);
@@ -321,10 +370,9 @@ TEST(Clump, CornersDoNotJoin) {
 //     row 1    . . . . . 1 . . . .
 TEST(Clump, FourPassesLeaveAWoundPatchInParts) {
     const std::vector<int> feet{9, 3, 9, 2, 9, 1, 9, 4, 9, 5};
-    const SurfaceGrid comb = MakeGrid(10, 6, [&](int i, int j) {
-        return j == 6 || j >= feet[static_cast<std::size_t>(i - 1)] ? 1.0 : kEmptyCellZ;
-    });
-    TestNumbers numbers;
+    const SurfaceGrid comb = MakeGrid(
+        10, 6, [&](int i, int j) { return j == 6 || j >= feet[static_cast<std::size_t>(i - 1)] ? 1.0 : kEmptyCellZ; });
+    RandomNumbers numbers;
     EXPECT_EQ(ExpectSameCount(comb, kBands, 2, numbers), 6);
     SlowClump slow = SlowClumpOf(comb, kBands);
     slow.Run();
@@ -333,8 +381,8 @@ TEST(Clump, FourPassesLeaveAWoundPatchInParts) {
 
 /// Bars over teeth whose feet lie at random heights, so that labels meet in every order.
 TEST(Clump, CombsOfAllOrdersEqualTheSlowVersion) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     std::size_t patches = 0;
     for (int round = 0; round < 300; ++round) {
         std::vector<int> feet;
@@ -364,7 +412,8 @@ TEST(Clump, DiversityIsOfAllInnerCells) {
     EXPECT_EQ(PatchDiversity({}, 0), 0);
     EXPECT_EQ(PatchDiversity({5}, 10), 4);
     EXPECT_EQ(PatchDiversity({4, 4, 4, 4}, 16), 4);
-    EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero, [] { PatchDiversity({3}, 0); }, "TotalCells"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::DivisionByZero, [] { PatchDiversity({3}, 0); }, "TotalCells"));
 }
 
 TEST(Clump, PatchesHaveMoreCellsThanTheMinimum) {

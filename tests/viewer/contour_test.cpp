@@ -33,16 +33,16 @@ Range SlowRange(const SurfaceGrid& grid) {
 }
 
 TEST(Contour, EqualsTheSlowVersion) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     int compared = 0;
     for (int round = 0; round < 5; ++round) {
         for (const NamedSurface& surface : SurfaceFamilies(numbers)) {
             SCOPED_TRACE(surface.Name);
             const SurfaceGrid& work = surface.Grid;
             const Range range = SlowRange(work);
-            const double step = 0.01 + numbers.Share();
-            const double value = 1.01 + 9 * numbers.Share();
+            const double step = 0.01 + Share(numbers);
+            const double value = 1.01 + 9 * Share(numbers);
             SlowArray bySteps(work.NumX, work.NumY, 9999);
             SlowArray byRange(work.NumX, work.NumY, 9999);
             bool overflows = false;
@@ -63,7 +63,8 @@ TEST(Contour, EqualsTheSlowVersion) {
             }
             if (range.Max == range.Min) {
                 ASSERT_TRUE(FailsWith(
-                    FailureKind::DivisionByZero, [&] { ContourByRange(work, range.Min, range.Max, value); }, "z range"));
+                    FailureKind::DivisionByZero, [&] { ContourByRange(work, range.Min, range.Max, value); },
+                    "z range"));
             } else {
                 ASSERT_TRUE(SameCells(byRange, ContourByRange(work, range.Min, range.Max, value)));
                 ++compared;
@@ -86,9 +87,12 @@ TEST(Contour, BandsByHand) {
 
 TEST(Contour, FailsWhereABandCannotBe) {
     const SurfaceGrid row = MakeGrid(2, 1, [](int i, int) { return 1e6 * i; });
-    EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero, [&] { ContourBySteps(row, 0, 0, 2); }, "StepX"));
-    EXPECT_TRUE(FailsWith(FailureKind::Overflow, [&] { ContourBySteps(row, 1, 0, 2); }, "ContourLevel"));
-    EXPECT_TRUE(FailsWith(FailureKind::Overflow, [&] { ContourByRange(row, 0, 1, 2); }, "ContourLevel"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::DivisionByZero, [&] { ContourBySteps(row, 0, 0, 2); }, "StepX"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::Overflow, [&] { ContourBySteps(row, 1, 0, 2); }, "ContourLevel"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::Overflow, [&] { ContourByRange(row, 0, 1, 2); }, "ContourLevel"));
 }
 
 }  // namespace

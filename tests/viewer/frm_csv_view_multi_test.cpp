@@ -2,7 +2,6 @@
 
 #include "basis/number_text.h"
 #include "forms/acts.h"
-#include "basis/number_text.h"
 #include "support/expect_failure.h"
 #include "support/temp_folder.h"
 #include "viewer_window.h"

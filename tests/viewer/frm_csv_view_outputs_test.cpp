@@ -2,7 +2,6 @@
 
 #include "basis/number_text.h"
 #include "basis/paths.h"
-#include "basis/number_text.h"
 #include "forms/acts.h"
 #include "support/expect_failure.h"
 #include "support/temp_folder.h"
@@ -109,7 +108,7 @@ TEST_F(ViewerOutputsTest, CopyShowsTheSurfaceAndFollowsIt) {
     EXPECT_EQ(Form().Cortona1.SceneFile, folder_ / "temp.wrl");
     EXPECT_EQ(Form().Cortona1.LoadCount, 1u);
     // Empty cells of the ring stand at the lowest level.
-    EXPECT_NE(FileBytes(folder_ / "temp.wrl").find(" 1  1  1  1 \r\n 1  1  2  1 \r\n 1  3  4  1 \r\n"),
+    EXPECT_NE(FileBytes(folder_ / "temp.wrl").find(" 1  1  1  1 \r\n 1  3  4  1 \r\n 1  1  2  1 \r\n"),
               std::string::npos);
     Press(Form().cmdViewCSV);
     EXPECT_EQ(Form().Cortona1.LoadCount, 2u) << "an active view follows each drawing";

@@ -49,15 +49,15 @@ Colour SlowPixel(double cellZ, const GreyOptions& options) {
 }
 
 TEST(GreyRaster, EqualsTheSlowVersion) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     for (const NamedSurface& surface : SurfaceFamilies(numbers)) {
         SCOPED_TRACE(surface.Name);
-        GreyOptions options{.ZMin = -12 + 20 * numbers.Share(), .ZMax = 0, .Threshold = {}, .EmptyRangeFails = true};
-        options.ZMax = options.ZMin + 20 * numbers.Share() + 0.3;
+        GreyOptions options{.ZMin = -12 + 20 * Share(numbers), .ZMax = 0, .Threshold = {}, .EmptyRangeFails = true};
+        options.ZMax = options.ZMin + 20 * Share(numbers) + 0.3;
         if (surface.Name.find("huge") != std::string::npos) options.ZMax = 3e9;
         ASSERT_TRUE(SamePixels(surface.Grid, options, DrawGrey(surface.Grid, options)));
-        options.Threshold = 8 * numbers.Share() - 4;
+        options.Threshold = 8 * Share(numbers) - 4;
         ASSERT_TRUE(SamePixels(surface.Grid, options, DrawGrey(surface.Grid, options)));
     }
 }
@@ -72,9 +72,8 @@ TEST(GreyRaster, ThresholdTurnsEmptyCellsGreenWithTheLowest) {
 
 TEST(GreyRaster, AnEmptyRangeFailsOrIsDark) {
     const SurfaceGrid level = MakeGrid(2, 2, [](int, int) { return 3.0; });
-    EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero, [&] {
-        DrawGrey(level, {.ZMin = 3, .ZMax = 3, .Threshold = {}, .EmptyRangeFails = true});
-    }));
+    EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero,
+                          [&] { DrawGrey(level, {.ZMin = 3, .ZMax = 3, .Threshold = {}, .EmptyRangeFails = true}); }));
     const GreyOptions slot{.ZMin = 3, .ZMax = 3, .Threshold = {}, .EmptyRangeFails = false};
     EXPECT_TRUE(SamePixels(level, slot, DrawGrey(level, slot)));
     // Without a cell that has a surface nothing is divided.
@@ -105,12 +104,13 @@ TEST(GreyRaster, BoxesKeepTheLongSide) {
 }
 
 TEST(GreyRaster, LabelsAreDrawnAsTheirNumbersWouldBe) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     for (int round = 0; round < 50; ++round) {
         const int most = static_cast<int>(1 + numbers.Below(round % 2 == 0 ? 6 : 32766));
         const SurfaceGrid heights = MakeGrid(9, 7, [&](int, int) {
-            return numbers.Below(4) == 0 ? kEmptyCellZ : static_cast<double>(1 + numbers.Below(static_cast<std::uint64_t>(most)));
+            return numbers.Below(4) == 0 ? kEmptyCellZ
+                                         : static_cast<double>(1 + numbers.Below(static_cast<std::uint64_t>(most)));
         });
         LabelGrid labels{.NumX = 9, .NumY = 7, .Places = heights.Places, .Labels = {}};
         GreyOptions options{.ZMin = 100000000, .ZMax = -100000000, .Threshold = {}, .EmptyRangeFails = false};

@@ -36,17 +36,17 @@ double SlowCusp(const SurfaceGrid& work, const CuspOptions& options, int i, int 
 }
 
 TEST(Kernel, EqualsTheSlowVersion) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     for (const NamedSurface& surface : SurfaceFamilies(numbers)) {
         for (int k = 0; k <= 3; ++k) {
             SCOPED_TRACE(::testing::Message() << surface.Name << ", k = " << k);
             const SurfaceGrid& work = surface.Grid;
             Kernel kernel{.k = k, .Weights = {}};
-            for (int at = 0; at < (2 * k + 1) * (2 * k + 1); ++at) kernel.Weights.push_back(4 * numbers.Share() - 2);
+            for (int at = 0; at < (2 * k + 1) * (2 * k + 1); ++at) kernel.Weights.push_back(4 * Share(numbers) - 2);
             const CuspOptions options{.k = k,
-                                      .MinCuspValue = 6 * numbers.Share() - 3,
-                                      .CuspDifference = numbers.Below(2) == 0 ? 0 : numbers.Share(),
+                                      .MinCuspValue = 6 * Share(numbers) - 3,
+                                      .CuspDifference = numbers.Below(2) == 0 ? 0 : Share(numbers),
                                       .WorkZMin = -7,
                                       .WorkZMax = 70};
             SlowArray sums(work.NumX, work.NumY, 0);
@@ -84,7 +84,10 @@ TEST(Kernel, AFlatCellOfHeightZeroIsNoCusp) {
     EXPECT_EQ(DetectCusps(MakeGrid(3, 3, [](int, int) { return 0.0; }), options).Z, std::vector<double>(9, 1));
     EXPECT_EQ(DetectCusps(MakeGrid(3, 3, [](int, int) { return 5.0; }), options).Z, std::vector<double>(9, 2));
     // A cell of exactly the least value counts.
-    EXPECT_EQ(DetectCusps(MakeGrid(1, 1, [](int, int) { return 5.0; }), {.MinCuspValue = 5, .WorkZMin = 1, .WorkZMax = 2}).Z.front(), 2);
+    EXPECT_EQ(
+        DetectCusps(MakeGrid(1, 1, [](int, int) { return 5.0; }), {.MinCuspValue = 5, .WorkZMin = 1, .WorkZMax = 2})
+            .Z.front(),
+        2);
     const CuspOptions above{.MinCuspValue = std::nextafter(5, 6), .WorkZMin = 1, .WorkZMax = 2};
     EXPECT_EQ(DetectCusps(MakeGrid(1, 1, [](int, int) { return 5.0; }), above).Z.front(), 1);
 }

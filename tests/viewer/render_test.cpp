@@ -108,26 +108,28 @@ Grids GridsOf(const SurfaceGrid& work, double minSlope) {
 }
 
 TEST(Render, EqualsTheSlowVersion) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     for (const NamedSurface& surface : SurfaceFamilies(numbers)) {
         SCOPED_TRACE(surface.Name);
         const Grids g = GridsOf(surface.Grid, numbers.Below(2) == 0 ? 0 : 40);
-        ASSERT_TRUE(SameRendering(g.Aspect, RenderAspect(g.Aspect), [&](int i, int j) { return SlowAspectPixel(g.Aspect.z(i, j)); }));
+        ASSERT_TRUE(SameRendering(g.Aspect, RenderAspect(g.Aspect),
+                                  [&](int i, int j) { return SlowAspectPixel(g.Aspect.z(i, j)); }));
         ASSERT_TRUE(SameRendering(g.Aspect, RenderBlack(g.Aspect), [](int, int) { return SlowPixel{}; }));
 
         const ValueRange range = RangeOf(g.Slope);
         if (range.Max > 0) {
             for (const bool useMinSlope : {false, true}) {
-                const SlopeColours colours{.Max = range.Max, .UseMinSlope = useMinSlope, .MinSlope = 90 * numbers.Share()};
+                const SlopeColours colours{
+                    .Max = range.Max, .UseMinSlope = useMinSlope, .MinSlope = 90 * Share(numbers)};
                 ASSERT_TRUE(SameRendering(g.Slope, RenderSlope(g.Slope, colours),
                                           [&](int i, int j) { return SlowSlopePixel(g.Slope.z(i, j), colours); }));
             }
         }
-        const Light light{.Horiz = std::floor(360 * numbers.Share()),
-                          .Vert = std::floor(91 * numbers.Share()),
+        const Light light{.Horiz = std::floor(360 * Share(numbers)),
+                          .Vert = std::floor(91 * Share(numbers)),
                           .b = static_cast<double>(numbers.Below(51)),
-                          .w = numbers.Below(2) == 0 ? 0 : numbers.Share()};
+                          .w = numbers.Below(2) == 0 ? 0 : Share(numbers)};
         ASSERT_TRUE(SameRendering(g.Slope, RenderShadedRelief(g.Slope, g.Aspect, light), [&](int i, int j) {
             return SlowShadedPixel(g.Slope.z(i, j), g.Aspect.z(i, j), light);
         }));
@@ -135,7 +137,8 @@ TEST(Render, EqualsTheSlowVersion) {
 }
 
 TEST(Render, SectorsEndWhereTheyAreTold) {
-    std::vector<double> values{0, 22.5, std::nextafter(22.5, 90), 337.5, std::nextafter(337.5, 360), 360, -1, 9999, 361, -0.5};
+    std::vector<double> values{0,   22.5, std::nextafter(22.5, 90), 337.5, std::nextafter(337.5, 360), 360, -1, 9999,
+                               361, -0.5};
     for (int half = 1; half < 8; ++half) {
         values.push_back(45.0 * half + 22.5);
         values.push_back(std::nextafter(45.0 * half + 22.5, 400));
@@ -152,7 +155,8 @@ TEST(Render, ASlopeOfExactlyTheMinimumIsRed) {
     EXPECT_EQ(found.Picture.At(1, 0), (Colour{128, 0, 0}));  // 255 - 127.5 rounds to the even 128
     EXPECT_EQ(found.Picture.At(2, 0), (Colour{0, 255, 0}));
     EXPECT_EQ(found.Values, (std::vector<std::int32_t>{0, 128, 255}));
-    EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero, [&] { RenderSlope(row, {.Max = 0}); }, "ProcZMax"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::DivisionByZero, [&] { RenderSlope(row, {.Max = 0}); }, "ProcZMax"));
 }
 
 TEST(Render, LevelCellsOfShadedReliefAreShaded) {
@@ -163,14 +167,13 @@ TEST(Render, LevelCellsOfShadedReliefAreShaded) {
     EXPECT_EQ(found.Picture.At(0, 0), (Colour{180, 180, 180}));
     EXPECT_EQ(found.Picture.At(1, 0), Colour{});
     const SurfaceGrid steep = MakeGrid(2, 1, [](int, int) { return 80.0; });
-    EXPECT_TRUE(FailsWith(FailureKind::InvalidCall, [&] {
-        RenderShadedRelief(steep, aspect, {.Horiz = 180, .Vert = 10, .b = 2.5, .w = 0});
-    }));
+    EXPECT_TRUE(FailsWith(FailureKind::InvalidCall,
+                          [&] { RenderShadedRelief(steep, aspect, {.Horiz = 180, .Vert = 10, .b = 2.5, .w = 0}); }));
 }
 
 TEST(Render, ContoursGoFromDarkToLight) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     for (int round = 0; round < 100; ++round) {
         const std::uint64_t bands = 2 + numbers.Below(12);
         const SurfaceGrid grid = MakeGrid(8, 5, [&](int i, int j) {
@@ -179,7 +182,8 @@ TEST(Render, ContoursGoFromDarkToLight) {
         });
         const ValueRange range = RangeOf(grid);
         if (range.Max == 0) continue;
-        EXPECT_TRUE(SameRendering(grid, RenderContour(grid, range), [&](int i, int j) { return SlowContourPixel(grid.z(i, j), range); }));
+        EXPECT_TRUE(SameRendering(grid, RenderContour(grid, range),
+                                  [&](int i, int j) { return SlowContourPixel(grid.z(i, j), range); }));
     }
     // Bands 0 to 4: the lowest is 255 * .25 / 1.25.
     const SurfaceGrid row = MakeGrid(5, 1, [](int i, int) { return i - 1.0; });

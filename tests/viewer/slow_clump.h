@@ -204,12 +204,13 @@ inline SlowClump SlowClumpOf(const SurfaceGrid& proc) {
 
 /// Values that give labels the shapes that merging them is about: combs, spirals, blobs, noise. z is the number
 /// of the category less one.
-inline std::vector<NamedSurface> CategorySurfaces(int numX, int numY, TestNumbers& numbers) {
+inline std::vector<NamedSurface> CategorySurfaces(int numX, int numY, RandomNumbers& numbers) {
     const auto random = [&](std::uint64_t kinds) { return static_cast<double>(numbers.Below(kinds)); };
     const auto ring = [&](int i, int j) { return std::min(std::min(i, j), std::min(numX + 1 - i, numY + 1 - j)); };
     std::vector<NamedSurface> surfaces;
     const auto add = [&](const char* name, const std::function<double(int, int)>& z) {
-        surfaces.push_back({std::to_string(numX) + " by " + std::to_string(numY) + " " + name, MakeGrid(numX, numY, z)});
+        surfaces.push_back(
+            {std::to_string(numX) + " by " + std::to_string(numY) + " " + name, MakeGrid(numX, numY, z)});
     };
     add("noise of two", [&](int, int) { return random(2); });
     add("noise of three", [&](int, int) { return random(3); });

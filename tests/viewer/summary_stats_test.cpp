@@ -45,14 +45,16 @@ SlowStats SlowSummary(const std::vector<double>& list, int first, int last) {
 }
 
 TEST(SummaryStats, EqualsTheSlowVersion) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     for (int round = 0; round < 2000; ++round) {
         const int size = static_cast<int>(2 + numbers.Below(40));
         std::vector<double> list{-1e30};
-        for (int i = 0; i < size; ++i) list.push_back(std::floor(20 * numbers.Share()) / (numbers.Below(2) == 0 ? 1 : 3));
+        for (int i = 0; i < size; ++i)
+            list.push_back(std::floor(20 * Share(numbers)) / (numbers.Below(2) == 0 ? 1 : 3));
         const int first = static_cast<int>(1 + numbers.Below(static_cast<std::uint64_t>(size - 1)));
-        const int last = static_cast<int>(first + 1 + static_cast<int>(numbers.Below(static_cast<std::uint64_t>(size - first))));
+        const int last =
+            static_cast<int>(first + 1 + static_cast<int>(numbers.Below(static_cast<std::uint64_t>(size - first))));
         SCOPED_TRACE(::testing::Message() << size << ", " << first << " to " << last);
         const SlowStats slow = SlowSummary(list, first, last);
         const SummaryStatsResult found = SummaryStats({list.begin() + 1, list.end()}, first, last);

@@ -7,29 +7,17 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "support/random_numbers.h"
 #include "viewer/surface_grid.h"
 
 namespace crownlab {
 
-/// Seed of the random surfaces; a failing test prints it.
-inline constexpr std::uint64_t kSurfaceSeed = 20261121;
-
-/// Seeded numbers. (The viewer has a RandomNumbers of its own, which is under test.)
-class TestNumbers {
-public:
-    /// From 0 to n - 1.
-    std::uint64_t Below(std::uint64_t n) { return engine_() % n; }
-    /// In [0, 1), of 30 random bits.
-    double Share() { return static_cast<double>(Below(1u << 30)) / (1u << 30); }
-
-private:
-    std::mt19937_64 engine_{kSurfaceSeed};
-};
+/// A number in [0, 1) of 30 random bits.
+inline double Share(RandomNumbers& numbers) { return static_cast<double>(numbers.Below(1u << 30)) / (1u << 30); }
 
 /// Numbers in columns and rows that both count from 1, as slow versions of an algorithm want them.
 class SlowArray {
@@ -42,7 +30,8 @@ public:
 
 private:
     std::size_t Offset(int column, int row) const {
-        return static_cast<std::size_t>(row - 1) * static_cast<std::size_t>(numX_) + static_cast<std::size_t>(column - 1);
+        return static_cast<std::size_t>(row - 1) * static_cast<std::size_t>(numX_) +
+               static_cast<std::size_t>(column - 1);
     }
     int numX_ = 0;
     std::vector<double> values_;
@@ -71,10 +60,10 @@ struct NamedSurface {
 };
 
 /// Surfaces of every kind in one size.
-inline void AddSurfaces(int numX, int numY, TestNumbers& numbers, std::vector<NamedSurface>& surfaces) {
+inline void AddSurfaces(int numX, int numY, RandomNumbers& numbers, std::vector<NamedSurface>& surfaces) {
     const std::string size = std::to_string(numX) + " by " + std::to_string(numY) + " ";
     const auto smooth = [](int i, int j) { return 3 * std::sin(0.31 * i) * std::cos(0.23 * j) + 0.02 * i * j; };
-    const auto noise = [&](int, int) { return 20 * numbers.Share() - 3; };
+    const auto noise = [&](int, int) { return 20 * Share(numbers) - 3; };
     const auto add = [&](const char* name, const std::function<double(int, int)>& z) {
         surfaces.push_back({size + name, MakeGrid(numX, numY, z)});
     };
@@ -87,16 +76,15 @@ inline void AddSurfaces(int numX, int numY, TestNumbers& numbers, std::vector<Na
     add("rising to +y", [](int, int j) { return 0.5 * j; });
     add("smooth with empty cells", [&](int i, int j) { return numbers.Below(9) == 0 ? kEmptyCellZ : smooth(i, j); });
     add("noise with many empty cells", [&](int i, int j) { return numbers.Below(2) == 0 ? kEmptyCellZ : noise(i, j); });
-    add("ring of empty cells", [&](int i, int j) {
-        return i == 1 || j == 1 || i == numX || j == numY ? kEmptyCellZ : smooth(i, j);
-    });
+    add("ring of empty cells",
+        [&](int i, int j) { return i == 1 || j == 1 || i == numX || j == numY ? kEmptyCellZ : smooth(i, j); });
     add("empty", [](int, int) { return kEmptyCellZ; });
     add("tiny", [&](int i, int j) { return 1e-8 * smooth(i, j); });
     add("huge", [&](int i, int j) { return 1e8 * smooth(i, j); });
 }
 
 /// One cell, single rows and columns, tall, wide, square.
-inline std::vector<NamedSurface> SurfaceFamilies(TestNumbers& numbers) {
+inline std::vector<NamedSurface> SurfaceFamilies(RandomNumbers& numbers) {
     std::vector<NamedSurface> surfaces;
     for (const auto& [numX, numY] : std::vector<std::pair<int, int>>{
              {1, 1}, {1, 9}, {9, 1}, {2, 2}, {2, 5}, {3, 3}, {4, 3}, {5, 40}, {40, 5}, {23, 23}, {31, 52}}) {

@@ -111,26 +111,26 @@ bool SlowCells(SlowSurface& s) {
     return true;
 }
 
-double RandomHeight(TestNumbers& numbers) {
+double RandomHeight(RandomNumbers& numbers) {
     switch (numbers.Below(12)) {
         case 0: return 1.70141e38;
         case 1: return 9999;
-        case 2: return -0.0001 * numbers.Share();
+        case 2: return -0.0001 * Share(numbers);
         case 3: return -0.0001;
         case 4: return 0;
-        case 5: return 100000 + 100 * numbers.Share();
+        case 5: return 100000 + 100 * Share(numbers);
         case 6: return 1e36;
-        default: return 30 * numbers.Share() - 10;
+        default: return 30 * Share(numbers) - 10;
     }
 }
 
 /// Points near the nodes of a lattice, some of them twice, some missing, in order or shuffled.
-std::vector<SurfacePoint> RandomPoints(TestNumbers& numbers, bool insideDefaultGrid) {
+std::vector<SurfacePoint> RandomPoints(RandomNumbers& numbers, bool insideDefaultGrid) {
     const auto side = [&] { return static_cast<int>(1 + numbers.Below(20)); };
     const double stepX = insideDefaultGrid ? 1 : 0.05 * static_cast<double>(1 + numbers.Below(20));
     const double stepY = insideDefaultGrid ? 1 : (numbers.Below(3) == 0 ? 0.1 : stepX);
-    const double startX = insideDefaultGrid ? 1 : 10 * numbers.Share() - 5;
-    const double startY = insideDefaultGrid ? 1 : 10 * numbers.Share() - 5;
+    const double startX = insideDefaultGrid ? 1 : 10 * Share(numbers) - 5;
+    const double startY = insideDefaultGrid ? 1 : 10 * Share(numbers) - 5;
     const double jitter = numbers.Below(3) == 0 ? 0.5 : numbers.Below(2) == 0 ? 0.1 : 0;
     std::vector<SurfacePoint> points;
     const int rows = side();
@@ -170,8 +170,8 @@ void ExpectSameExtents(const SurfaceExtents& a, const SurfaceExtents& b) {
 }
 
 TEST(SurfaceFile, EqualsTheSlowVersionBitForBit) {
-    SCOPED_TRACE(kSurfaceSeed);
-    TestNumbers numbers;
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
     int built = 0;
     int outside = 0;
     for (int round = 0; round < 3000; ++round) {
@@ -221,7 +221,8 @@ TEST(SurfaceFile, EqualsTheSlowVersionBitForBit) {
 TEST(SurfaceFile, AHalfStepGoesByTheRoundedNumberOfSteps) {
     // 1 + round(steps): half a step rounds to the even number of steps, so 0.5 to cell 1, 1.5 and 2.5 to cell 3.
     const std::vector<SurfacePoint> points{{0.5, 0, 1}, {1.5, 0, 2}, {2.5, 0, 3}, {3.5, 0, 4}};
-    const SurfaceGrid grid = BuildCells(points, {0, 4, 0, 1}, {.X = 1, .Y = 1}, {.NumX = 5, .NumY = 2}, CellRule::Rounded);
+    const SurfaceGrid grid =
+        BuildCells(points, {0, 4, 0, 1}, {.X = 1, .Y = 1}, {.NumX = 5, .NumY = 2}, CellRule::Rounded);
     EXPECT_EQ(grid.Z, (std::vector<double>{1, 9999, 3, 9999, 4, 9999, 9999, 9999, 9999, 9999}));
     // The number of cells rounds 1 + the steps: 2.5 more make 3.5, which goes to 4.
     EXPECT_EQ(SizeOfGrid({0, 2.5, 0, 1.5}, {.X = 1, .Y = 1}).NumX, 4);
@@ -245,7 +246,8 @@ TEST(SurfaceFile, LimitsOfAHundredThousandBoundExtents) {
     std::vector<SurfacePoint> points{{200000, -200000, 200000}, {300000, -300000, 300000}};
     double zOrigin = 0;
     const SurfaceExtents data = FindSurfaceExtents(points, false, zOrigin);
-    ExpectSameExtents(data, {.XMin = 100000, .XMax = 300000, .YMin = -300000, .YMax = -100000, .ZMin = 100000, .ZMax = 300000});
+    ExpectSameExtents(
+        data, {.XMin = 100000, .XMax = 300000, .YMin = -300000, .YMax = -100000, .ZMin = 100000, .ZMax = 300000});
 }
 
 TEST(SurfaceFile, ZeroPointCountsAsNotReached) {
@@ -258,10 +260,25 @@ TEST(SurfaceFile, ZeroPointCountsAsNotReached) {
 TEST(SurfaceFile, GridsBeyondSixteenBitsOverflow) {
     const SurfaceSteps one{.X = 1, .Y = 1};
     EXPECT_EQ(SizeOfGrid({0, 32766, 0, 1}, one).NumX, 32767);
-    EXPECT_TRUE(FailsWith(FailureKind::Overflow, [&] { SizeOfGrid({0, 32767, 0, 1}, one); }, "NumX"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::Overflow,
+        [&] {
+            SizeOfGrid({0, 32767, 0, 1}, one);
+        },
+        "NumX"));
     EXPECT_EQ(SizeOfGrid({0, 1, 0, 32766.4}, one).NumY, 32767);
-    EXPECT_TRUE(FailsWith(FailureKind::Overflow, [&] { SizeOfGrid({0, 1, 0, 32767}, one); }, "NumY"));
-    EXPECT_TRUE(FailsWith(FailureKind::DivisionByZero, [&] { SizeOfGrid({0, 1, 0, 1}, {.X = 0, .Y = 1}); }, "NumX"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::Overflow,
+        [&] {
+            SizeOfGrid({0, 1, 0, 32767}, one);
+        },
+        "NumY"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::DivisionByZero,
+        [&] {
+            SizeOfGrid({0, 1, 0, 1}, {.X = 0, .Y = 1});
+        },
+        "NumX"));
 }
 
 TEST(SurfaceFile, OtherModesKeepTheLimits) {
@@ -294,8 +311,7 @@ TEST(SurfaceFile, WritesCellsRowByRow) {
     FileTable files;
     const SurfaceGrid grid = MakeGrid(2, 2, [](int i, int j) { return i == 2 && j == 2 ? kEmptyCellZ : i + 0.5 * j; });
     WriteSurfaceFile(files, folder / "out.csv", grid);
-    EXPECT_EQ(FileBytes(folder / "out.csv"),
-              "-.75,30.25,1.5\r\n-.5,30.25,2.5\r\n-.75,30.5,2\r\n-.5,30.5,9999\r\n");
+    EXPECT_EQ(FileBytes(folder / "out.csv"), "-.75,30.25,1.5\r\n-.5,30.25,2.5\r\n-.75,30.5,2\r\n-.5,30.5,9999\r\n");
     EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [&] { WriteSurfaceFile(files, folder / "none.csv", {}); }));
     EXPECT_EQ(folder.EntryCount(), 1u);
 }

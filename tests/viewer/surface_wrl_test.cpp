@@ -45,8 +45,8 @@ TEST_F(SurfaceWrlTest, WholeFile) {
         "        material Material {\r\n          diffuseColor 0 0.25 1.0\r\n          shininess 0.2 }\r\n      }\r\n"
         "      geometry ElevationGrid {\r\n        xDimension 3\r\n        zDimension 2\r\n        xSpacing 0.05\r\n"
         "        zSpacing 0.025\r\n        solid FALSE\r\n        creaseAngle 30\r\n        height [\r\n"
-        " 0  .0002  10 \r\n"
         " 1.5 -2 -2 \r\n"
+        " 0  .0002  10 \r\n"
         "        ]\r\n      }\r\n    }\r\n  ]\r\n}\r\n";
     EXPECT_EQ(text, expected);
 }
