@@ -45,10 +45,11 @@ void PointsToWrl(benchmark::State& state) {
         const ColourScale scale = MakeColourScale(values);
         const WrlPolygons polygons = ReadWrlPolygons(folder.Path("model.wrl"));
         const VertexMatch match = MatchVertices(cloud, polygons.Points, kMatchTolerance, [](std::size_t) {});
-        WriteColouredWrl(files, folder.Path("coloured.wrl"),
-                         {.Model = polygons, .Points = cloud, .Match = match, .Scale = &scale, .PointsAsVertices = true});
-        matched = cloud.size() - static_cast<std::size_t>(
-                                     std::count(match.PointVertex.begin(), match.PointVertex.end(), 0));
+        WriteColouredWrl(
+            files, folder.Path("coloured.wrl"),
+            {.Model = polygons, .Points = cloud, .Match = match, .Scale = &scale, .PointsAsVertices = true});
+        matched =
+            cloud.size() - static_cast<std::size_t>(std::count(match.PointVertex.begin(), match.PointVertex.end(), 0));
     }
     if (matched != cloud.size()) state.SkipWithError("points without a vertex");
     if (std::filesystem::file_size(folder.Path("coloured.wrl")) < cloud.size() * 10) state.SkipWithError("no model");

@@ -59,7 +59,7 @@ void ShowTree(const FolderTree& tree, EntryList& widget) {
     widget.clear();
     for (int i = 0; i < static_cast<int>(tree.Entries.size()); ++i) {
         const FolderEntry& entry = tree.Entries[static_cast<std::size_t>(i)];
-        const QString indent(entry.Depth * 2, ' ');
+        const QString indent(qsizetype{2} * entry.Depth, ' ');
         widget.addItem(new QListWidgetItem(i <= tree.Current ? open : closed, indent + ShownText(entry.Name)));
     }
     widget.setCurrentRow(tree.Current);

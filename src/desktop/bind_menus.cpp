@@ -64,6 +64,7 @@ CopyRecord BindMenus(FormWindow& window, Form& form) {
     auto* const bar = new QMenuBar(&window);
     std::map<const Control*, QMenu*> menus;
     std::vector<CopyRecord> copies;
+    copies.reserve(items.size());
     for (MenuItem* const item : items) {
         copies.push_back(Bind(window, *item, AddItem(*bar, menus, *item, IsMenu(*item, items))));
     }

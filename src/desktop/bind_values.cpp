@@ -122,7 +122,8 @@ CopyRecord Bind(FormWindow& window, PictureBox& box, PictureView& widget) {
     }
     const auto shown = MakeState<std::shared_ptr<const Raster>, int, int, int, int, bool, bool>();
     return [shown, &box, &widget] {
-        if (!shown->Differs(box.Image, box.ImageColumns, box.ImageRows, box.Width, box.Height, box.Enabled, box.Visible)) {
+        if (!shown->Differs(box.Image, box.ImageColumns, box.ImageRows, box.Width, box.Height, box.Enabled,
+                            box.Visible)) {
             return;
         }
         widget.SetShape(QSize(box.Width, box.Height));
@@ -193,9 +194,8 @@ CopyRecord Bind(FormWindow& window, VrmlView& view, VrmlWidget& widget) {
             widget.setVisible(view.Visible);
         }
         if (loaded->Differs(view.LoadCount) && widget.LoadScene(view.SceneFile)) {
-            window.Desk().ActLater(window, [&window, &view] {
-                window.Act(view, "SceneLoaded", [&view] { Fire(view, "SceneLoaded"); });
-            });
+            window.Desk().ActLater(
+                window, [&window, &view] { window.Act(view, "SceneLoaded", [&view] { Fire(view, "SceneLoaded"); }); });
         }
         if (fitted->Differs(view.FitCount)) widget.Fit();
     };

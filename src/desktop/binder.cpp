@@ -26,31 +26,16 @@
 namespace crownlab {
 namespace {
 
-/// The kind of widget that shows a kind of control.
-template <typename Record> struct WidgetOf;
-template <> struct WidgetOf<Label> { using Type = QLabel; };
-template <> struct WidgetOf<CommandButton> { using Type = QAbstractButton; };
-template <> struct WidgetOf<TextBox> { using Type = QLineEdit; };
-template <> struct WidgetOf<CheckBox> { using Type = QCheckBox; };
-template <> struct WidgetOf<OptionButton> { using Type = QRadioButton; };
-template <> struct WidgetOf<Frame> { using Type = QGroupBox; };
-template <> struct WidgetOf<ComboBox> { using Type = QComboBox; };
-template <> struct WidgetOf<DriveList> { using Type = QComboBox; };
-template <> struct WidgetOf<DirList> { using Type = EntryList; };
-template <> struct WidgetOf<FileList> { using Type = EntryList; };
-template <> struct WidgetOf<PictureBox> { using Type = PictureView; };
-template <> struct WidgetOf<ProgressBar> { using Type = QProgressBar; };
-template <> struct WidgetOf<ScrollBar> { using Type = QAbstractSlider; };
-template <> struct WidgetOf<Slider> { using Type = QAbstractSlider; };
-template <> struct WidgetOf<TabControl> { using Type = QTabWidget; };
-template <> struct WidgetOf<TabPage> { using Type = QWidget; };
-template <> struct WidgetOf<Line> { using Type = QFrame; };
-template <> struct WidgetOf<VrmlView> { using Type = VrmlWidget; };
+template <typename Record, typename Widget>
+Widget* FindOfKind(const QWidget& window, const Record& record, CopyRecord (*)(FormWindow&, Record&, Widget&)) {
+    return dynamic_cast<Widget*>(window.findChild<QWidget*>(WidgetName(record.Name)));
+}
 
-/// The widget of that name if it is of the kind that shows the record, else nullptr.
+/// The widget of that name if it is of the kind that shows the record, else nullptr. Which kind that is say
+/// the parameters of `Bind`.
 template <typename Record>
-typename WidgetOf<Record>::Type* FindWidget(const QWidget& window, const Record& record) {
-    return dynamic_cast<typename WidgetOf<Record>::Type*>(window.findChild<QWidget*>(WidgetName(record.Name)));
+auto* FindWidget(const QWidget& window, const Record& record) {
+    return FindOfKind<Record>(window, record, &Bind);
 }
 
 /// Menus are made from their records; an off-screen picture has no place on the window.
@@ -111,7 +96,8 @@ CopyRecord BindOne(FormWindow& window, const ControlRef& control) {
                 return {};
             } else {
                 auto* const widget = FindWidget(window, *record);
-                if (widget == nullptr) throw std::logic_error("no widget fits " + record->Owner->Name + "." + record->Name);
+                if (widget == nullptr)
+                    throw std::logic_error("no widget fits " + record->Owner->Name + "." + record->Name);
                 return Bind(window, *record, *widget);
             }
         },
@@ -155,7 +141,8 @@ namespace {
 QString ContainerName(const Form& form, const QWidget& window, const QWidget& widget) {
     for (const QWidget* w = widget.parentWidget(); w != nullptr && w != &window; w = w->parentWidget()) {
         for (const ControlRef& control : form.Controls()) {
-            const bool contains = std::holds_alternative<Frame*>(control) || std::holds_alternative<TabPage*>(control) ||
+            const bool contains = std::holds_alternative<Frame*>(control) ||
+                                  std::holds_alternative<TabPage*>(control) ||
                                   std::holds_alternative<TabControl*>(control);
             if (contains && w->objectName() == WidgetName(Base(control).Name)) return w->objectName();
         }
@@ -169,7 +156,8 @@ QString OwnText(const QWidget& widget) {
     if (const auto* button = dynamic_cast<const QAbstractButton*>(&widget)) return button->text();
     if (const auto* edit = dynamic_cast<const QLineEdit*>(&widget)) return edit->text();
     if (const auto* group = dynamic_cast<const QGroupBox*>(&widget)) return group->title();
-    if (const auto* combo = dynamic_cast<const QComboBox*>(&widget)) return combo->count() > 0 ? combo->itemText(0) : QString();
+    if (const auto* combo = dynamic_cast<const QComboBox*>(&widget))
+        return combo->count() > 0 ? combo->itemText(0) : QString();
     return {};
 }
 

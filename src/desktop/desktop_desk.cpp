@@ -6,7 +6,6 @@
 #include <QDesktopServices>
 #include <QEventLoop>
 #include <QScreen>
-#include <QTimer>
 #include <QUrl>
 #include <algorithm>
 #include <utility>
@@ -40,9 +39,8 @@ DesktopDesk::DesktopDesk(FormWindow::LayoutMaker layout, std::function<void(int)
 DesktopDesk::~DesktopDesk() = default;
 
 int DesktopDesk::Run(Application& application) {
-    // Out of the event loop, so that ending at start-up ends a loop that runs.
-    QTimer::singleShot(0, qApp, [this, &application] { Start(application); });
-    QApplication::exec();
+    Start(application);
+    if (!ending_) QApplication::exec();
     return status_;
 }
 
@@ -74,7 +72,9 @@ void DesktopDesk::Act(const std::string& where, const std::function<void()>& act
     EndIfNothingIsLeft();
 }
 
-void DesktopDesk::ActLater(FormWindow& window, std::function<void()> act) { later_.emplace_back(&window, std::move(act)); }
+void DesktopDesk::ActLater(FormWindow& window, std::function<void()> act) {
+    later_.emplace_back(&window, std::move(act));
+}
 
 void DesktopDesk::RunLater() {
     const auto due = std::exchange(later_, {});

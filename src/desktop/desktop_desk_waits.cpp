@@ -35,8 +35,9 @@ Button CloseMeans(const std::vector<Button>& buttons) {
 }
 
 QString FailureText(const Failure& failure) {
-    const QString next = EndsProgram(failure) ? QStringLiteral("Crownlab ends.")
-                                              : QStringLiteral("The command was stopped where it stood; Crownlab goes on.");
+    const QString next = EndsProgram(failure)
+                             ? QStringLiteral("Crownlab ends.")
+                             : QStringLiteral("The command was stopped where it stood; Crownlab goes on.");
     QString text = QStringLiteral("Failure: %1\nIn: %2\n")
                        .arg(ShownText(FailureName(failure.Kind())), ShownText(failure.Handler()));
     if (!failure.Object().empty()) text += QStringLiteral("Concerning: %1\n").arg(ShownText(failure.Object()));
@@ -106,7 +107,8 @@ Button DesktopDesk::Ask(const MessageBox& box) {
 }
 
 void DesktopDesk::ShowFailure(const Failure& failure) {
-    QMessageBox shown(QMessageBox::Warning, kProgramName, ShownText(failure.what()), QMessageBox::NoButton, FrontWindow());
+    QMessageBox shown(QMessageBox::Warning, kProgramName, ShownText(failure.what()), QMessageBox::NoButton,
+                      FrontWindow());
     shown.setText(FailureText(failure));
     ShowBox(shown, {Button::Ok});
     if (EndsProgram(failure)) End(kStatusEndedByFailure);
@@ -125,6 +127,8 @@ void DesktopDesk::ShowModal(Form& form) {
     modal_.emplace_back(&form, &loop);
     WaitIn(loop, InputGuard::Open::One, WindowOf(form));
     modal_.pop_back();
+    // Most often it named a file that is written now.
+    for (const auto& [other, window] : windows_) window->AgeLists();
     if (QWidget* const back = front.data(); back != nullptr && back->isVisible()) back->activateWindow();
     if (ending_) throw ExitProgram{};
 }

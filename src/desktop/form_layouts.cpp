@@ -44,6 +44,7 @@ void SetUpLayout(const std::string& form, QWidget& window) {
 
 std::vector<std::string> LaidOutForms() {
     std::vector<std::string> forms;
+    forms.reserve(kLayouts.size());
     for (const FormLayout& layout : kLayouts) forms.emplace_back(layout.Form);
     return forms;
 }

@@ -39,7 +39,7 @@ void FormWindow::Act(const Control& control, const char* event, const std::funct
 
 bool FormWindow::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate) {
-        listsAreOld_ = true;
+        AgeLists();
         // Lists don't change under a handler: its desk does this at its end.
         if (!desk_.IsRunning()) FreshenLists();
     }

@@ -35,8 +35,9 @@ public:
 
     /// What a person did to `control`: runs `act` as the act `event`, if the form is still there.
     void Act(const Control& control, const char* event, const std::function<void()>& act);
-    /// Reads folder and file lists anew if the window came to the front since the last time: programs may have
-    /// written files meanwhile.
+    /// Folder and file lists may no longer be true: the window comes to the front, or files were written.
+    void AgeLists() { listsAreOld_ = true; }
+    /// Reads old lists anew.
     void FreshenLists();
     /// Rises when folder and file lists are to be read anew.
     int ListGeneration() const { return listGeneration_; }

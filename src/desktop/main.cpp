@@ -17,7 +17,8 @@ int main(int count, char** arguments) {
 
     const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     crownlab::DesktopDesk desk(crownlab::SetUpLayout, [](int status) { QApplication::exit(status); });
-    crownlab::Application application(desk, crownlab::ProgramFolder(crownlab::RecordText(QApplication::applicationDirPath()),
-                                                                    crownlab::RecordText(config)));
+    crownlab::Application application(desk,
+                                      crownlab::ProgramFolder(crownlab::RecordText(QApplication::applicationDirPath()),
+                                                              crownlab::RecordText(config)));
     return desk.Run(application);
 }

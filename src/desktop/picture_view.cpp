@@ -50,8 +50,7 @@ QRectF PictureView::Target() const {
 const QPixmap& PictureView::Stretched(QSize devicePixels) {
     if (stretched_.size() != devicePixels) {
         const QImage image = ImageOf(*raster_, columns_, rows_);
-        stretched_ =
-            QPixmap::fromImage(image.scaled(devicePixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        stretched_ = QPixmap::fromImage(image.scaled(devicePixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     }
     return stretched_;
 }

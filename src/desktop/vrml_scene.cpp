@@ -5,18 +5,18 @@
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInput.h>
 #include <Inventor/SoSceneManager.h>
-#include <Inventor/actions/SoGLRenderAction.h>
-#include <Inventor/actions/SoGetBoundingBoxAction.h>
-#include <Inventor/actions/SoSearchAction.h>
-#include <Inventor/misc/SoChildList.h>
-#include <Inventor/elements/SoGLCacheContextElement.h>
-#include <Inventor/errors/SoReadError.h>
-#include <Inventor/nodes/SoDirectionalLight.h>
-#include <Inventor/nodes/SoPerspectiveCamera.h>
-#include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/VRMLnodes/SoVRMLBackground.h>
 #include <Inventor/VRMLnodes/SoVRMLElevationGrid.h>
 #include <Inventor/VRMLnodes/SoVRMLViewpoint.h>
+#include <Inventor/actions/SoGLRenderAction.h>
+#include <Inventor/actions/SoGetBoundingBoxAction.h>
+#include <Inventor/actions/SoSearchAction.h>
+#include <Inventor/elements/SoGLCacheContextElement.h>
+#include <Inventor/errors/SoReadError.h>
+#include <Inventor/misc/SoChildList.h>
+#include <Inventor/nodes/SoDirectionalLight.h>
+#include <Inventor/nodes/SoPerspectiveCamera.h>
+#include <Inventor/nodes/SoSeparator.h>
 
 #include <algorithm>
 #include <cmath>
@@ -119,7 +119,8 @@ struct VrmlScene::Coin {
         const SoVRMLBackground* const background = FindFirst<SoVRMLBackground>(Model);
         if (background == nullptr || background->skyColor.getNum() == 0) return;
         const SbColor sky = background->skyColor[0];
-        Sky = QColor::fromRgbF(std::clamp(sky[0], 0.f, 1.f), std::clamp(sky[1], 0.f, 1.f), std::clamp(sky[2], 0.f, 1.f));
+        Sky =
+            QColor::fromRgbF(std::clamp(sky[0], 0.f, 1.f), std::clamp(sky[1], 0.f, 1.f), std::clamp(sky[2], 0.f, 1.f));
     }
 
     SbVec3f Direction(const SbVec3f& inCamera) const {
@@ -140,7 +141,8 @@ struct VrmlScene::Coin {
         float distance = 0;
         for (int corner = 0; corner < 8; ++corner) {
             SbVec3f at;
-            for (int axis = 0; axis < 3; ++axis) at[axis] = ((corner >> axis) & 1) != 0 ? Box.getMax()[axis] : Box.getMin()[axis];
+            for (int axis = 0; axis < 3; ++axis)
+                at[axis] = ((corner >> axis) & 1) != 0 ? Box.getMax()[axis] : Box.getMin()[axis];
             toCamera.multVec(at - Box.getCenter(), at);
             const float beside = std::max(std::abs(at[0]) / slope[0], std::abs(at[1]) / slope[1]);
             distance = std::max(distance, at[2] + margin * beside);
@@ -149,7 +151,7 @@ struct VrmlScene::Coin {
     }
 
     /// Nothing of the model is cut off at the near or far end.
-    void TakeDepths() {
+    void TakeDepths() const {
         const float radius = (Box.getMax() - Box.getMin()).length() / 2;
         const float middle = (Box.getCenter() - Camera->position.getValue()).dot(Direction(SbVec3f(0, 0, -1)));
         Camera->farDistance = std::max(middle + 1.01f * radius, 1e-3f);
@@ -158,7 +160,7 @@ struct VrmlScene::Coin {
     }
 
     /// Stands the camera `distance` before `focus`, as it is turned.
-    void Stand(const SbVec3f& focus, float distance) {
+    void Stand(const SbVec3f& focus, float distance) const {
         Camera->focalDistance = distance;
         Camera->position = focus - Direction(SbVec3f(0, 0, -1)) * distance;
     }
@@ -198,7 +200,8 @@ void VrmlScene::Fit(QSize view) {
     // The height angle of the camera spans the shorter side of the view.
     const float across = std::tan(coin_->Camera->heightAngle.getValue() / 2);
     const float shorter = static_cast<float>(std::min(view.width(), view.height()));
-    const SbVec2f slope(across * static_cast<float>(view.width()) / shorter, across * static_cast<float>(view.height()) / shorter);
+    const SbVec2f slope(across * static_cast<float>(view.width()) / shorter,
+                        across * static_cast<float>(view.height()) / shorter);
     coin_->Stand(coin_->Box.getCenter(), coin_->DistanceToSeeAll(slope));
 }
 
@@ -213,7 +216,8 @@ void VrmlScene::Turn(double acrossShare, double downShare) {
 
 void VrmlScene::Shift(double acrossShare, double downShare) {
     // At the distance of the focus the shorter side of the view is this long.
-    const float side = 2 * coin_->Camera->focalDistance.getValue() * std::tan(coin_->Camera->heightAngle.getValue() / 2);
+    const float side =
+        2 * coin_->Camera->focalDistance.getValue() * std::tan(coin_->Camera->heightAngle.getValue() / 2);
     const SbVec3f inCamera(static_cast<float>(-acrossShare) * side, static_cast<float>(downShare) * side, 0);
     coin_->Camera->position = coin_->Camera->position.getValue() + coin_->Direction(inCamera);
 }

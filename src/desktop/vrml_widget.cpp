@@ -11,7 +11,8 @@
 
 namespace crownlab {
 
-VrmlWidget::VrmlWidget(QWidget* parent) : QWidget(parent), pages_(new QStackedLayout(this)), sentence_(new QLabel(this)) {
+VrmlWidget::VrmlWidget(QWidget* parent)
+    : QWidget(parent), pages_(new QStackedLayout(this)), sentence_(new QLabel(this)) {
     sentence_->setAlignment(Qt::AlignCenter);
     sentence_->setTextFormat(Qt::PlainText);
     sentence_->setWordWrap(true);
@@ -60,9 +61,7 @@ void VrmlWidget::Fit() {
     if (canvas_ != nullptr) canvas_->Fit();
 }
 
-QString VrmlWidget::Sentence() const {
-    return pages_->currentWidget() == sentence_ ? sentence_->text() : QString();
-}
+QString VrmlWidget::Sentence() const { return pages_->currentWidget() == sentence_ ? sentence_->text() : QString(); }
 
 void VrmlWidget::Say(const QString& sentence) {
     sentence_->setText(sentence);

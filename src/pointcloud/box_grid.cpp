@@ -54,7 +54,7 @@ constexpr std::size_t kDigits = std::size_t{1} << kDigitBits;
 
 /// One stable pass of a radix sort by 16 bits of a bin number.
 void SortByDigit(std::vector<std::uint32_t>& order, std::vector<std::uint32_t>& sorted, const std::vector<Box>& boxes,
-                 std::int64_t Box::* number, int shift) {
+                 std::int64_t Box::*number, int shift) {
     const auto digit = [&](std::uint32_t i) {
         return static_cast<std::size_t>(boxes[i].*number >> shift) & (kDigits - 1);
     };
@@ -66,7 +66,7 @@ void SortByDigit(std::vector<std::uint32_t>& order, std::vector<std::uint32_t>& 
 }
 
 void SortByNumber(std::vector<std::uint32_t>& order, std::vector<std::uint32_t>& sorted, const std::vector<Box>& boxes,
-                  std::int64_t Box::* number, std::int64_t largest) {
+                  std::int64_t Box::*number, std::int64_t largest) {
     for (int shift = 0; shift < 63 && (largest >> shift) > 0; shift += kDigitBits) {
         SortByDigit(order, sorted, boxes, number, shift);
     }

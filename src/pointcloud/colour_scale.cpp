@@ -47,9 +47,10 @@ ColourScale MakeColourScale(const std::vector<double>& values) {
     // Values below -1,000,000 alone make a table that has nothing to do with their own few colours.
     constexpr double most = 1e15;
     if (!(count < most)) throw Failure(FailureKind::OutOfMemory, "ColourTable");
-    RequireMemory(static_cast<std::uint64_t>(count) * sizeof(ScaleColour), "ColourTable");
-    scale.Table.reserve(static_cast<std::size_t>(count));
-    for (double c = 1; c <= count; ++c) scale.Table.push_back(RainbowColour(c / count));
+    const auto colours = static_cast<std::size_t>(count);
+    RequireMemory(static_cast<std::uint64_t>(colours) * sizeof(ScaleColour), "ColourTable");
+    scale.Table.reserve(colours);
+    for (std::size_t c = 1; c <= colours; ++c) scale.Table.push_back(RainbowColour(static_cast<double>(c) / count));
     return scale;
 }
 

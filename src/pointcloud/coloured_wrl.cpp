@@ -34,8 +34,10 @@ void ForFacesWithPoints(const ColouredModel& model, Write write) {
     }
 }
 
-void WriteNumbers(ResultFile& file, std::initializer_list<double> numbers, std::string_view between, std::string_view end) {
-    std::array<char, 4 * (kNumberTextMax + 1)> line;
+void WriteNumbers(ResultFile& file, std::initializer_list<double> numbers, std::string_view between,
+                  std::string_view end) {
+    constexpr std::size_t mostNumbers = 4;
+    std::array<char, mostNumbers * (kNumberTextMax + 1)> line;
     char* at = line.data();
     for (const double number : numbers) {
         if (at != line.data()) *at++ = between[0];
@@ -47,9 +49,9 @@ void WriteNumbers(ResultFile& file, std::initializer_list<double> numbers, std::
 
 /// The three numbers of a face and the -1 that ends it.
 void WriteFace(ResultFile& file, const Corners& corners) {
-    WriteNumbers(file,
-                 {static_cast<double>(corners[0]), static_cast<double>(corners[1]), static_cast<double>(corners[2]), -1},
-                 ",", "\r\n");
+    WriteNumbers(
+        file, {static_cast<double>(corners[0]), static_cast<double>(corners[1]), static_cast<double>(corners[2]), -1},
+        ",", "\r\n");
 }
 
 void WriteLines(ResultFile& file, const std::vector<std::string>& lines, bool withColours) {

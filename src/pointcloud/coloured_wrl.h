@@ -15,9 +15,9 @@ class FileTable;
 struct ColouredModel {
     const WrlPolygons& Model;
     const PointCloud& Points;
-    const VertexMatch& Match;        ///< between Points and the model's vertices
-    const ColourScale* Scale;        ///< colours of the points; none: the model keeps its own colours
-    bool PointsAsVertices = false;   ///< list Points instead of the model's vertices
+    const VertexMatch& Match;       ///< between Points and the model's vertices
+    const ColourScale* Scale;       ///< colours of the points; none: the model keeps its own colours
+    bool PointsAsVertices = false;  ///< list Points instead of the model's vertices
 };
 
 /// Writes the model with those faces whose corners all have a point. Lines of the model that start "color" give way to

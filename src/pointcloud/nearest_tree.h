@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <utility>
 #include <vector>
 
+#include "basis/dispatch.h"
 #include "formats/point_text.h"
 
 namespace crownlab {
@@ -17,26 +17,25 @@ struct NearestPoint {
     double Squared = std::numeric_limits<double>::infinity();
 };
 
-/// Exact search for the nearest of a set of points: a binary tree over the points, halved along the longer
-/// side, each node with the box around its points (J. L. Bentley, "Multidimensional binary search trees used
-/// for associative searching", 1975, with boxes instead of planes).
+/// Exact search for the nearest of a set of points: a tree over the points, halved along the longer side (J. L.
+/// Bentley, "Multidimensional binary search trees used for associative searching", 1975), three halvings a level, so
+/// that a node holds the boxes around the points of its eight children side by side for wide registers.
 ///
-/// The squared distance is (dx dx + dy dy) + dz dz in 64-bit floats. That of a node's box is reckoned by the
-/// same operations in the same order on differences that are no larger, and rounding keeps order; so no point
-/// of a node comes out nearer than its box, and leaving out boxes loses nothing to the last bit.
+/// The squared distance is (dx dx + dy dy) + dz dz in 64-bit floats. That of a box is reckoned by the same operations
+/// in the same order on differences that are no larger, and rounding keeps order; so no point of a box comes out
+/// nearer than its box, and leaving out boxes loses nothing to the last bit.
 class NearestTree {
 public:
-    /// Up to 2^32 - 1 points.
+    /// From 1 to 2^28 points.
     explicit NearestTree(const PointCloud& points);
 
-    std::size_t Size() const { return index_.size(); }
+    /// Slots go from 0 to here; those of no point lie in between, infinitely far from everything.
+    std::uint32_t SlotCount() const { return static_cast<std::uint32_t>(index_.size()); }
     /// Place in the cloud, from 0, of the point at a slot.
     std::uint32_t Index(std::uint32_t slot) const { return index_[slot]; }
-    /// Squared distance between `p` and the point at a slot.
-    double Squared(const CloudPoint& p, std::uint32_t slot) const;
 
-    /// The nearest point to `p`; the tree must not be empty. `start` is where a near point is guessed: the
-    /// answer to a place close by makes the search short. Among equally near points any may be given.
+    /// The nearest point to `p`. `start` is the slot of a point, where a near one is guessed: the answer to a place
+    /// close by makes the search short. Among equally near points any may be given.
     NearestPoint Nearest(const CloudPoint& p, std::uint32_t start) const;
 
     /// The nearest among the points whose slot `admits`; its Squared stays infinite if there is none.
@@ -47,79 +46,120 @@ public:
         return best;
     }
 
+    /// Squared distance between `p` and the point at a slot.
+    double Squared(const CloudPoint& p, std::uint32_t slot) const;
+
 private:
-    static constexpr std::size_t kLeafSize = 8;
+    static constexpr std::uint32_t kWidth = 8;
+    /// Set in the number of a child that is a leaf.
+    static constexpr std::uint32_t kLeaf = 1u << 31;
+    using Lanes = std::array<double, kWidth>;
+    /// Boxes of eight children; of those that aren't there the corners are infinite.
     struct Node {
-        CloudPoint Low;
-        CloudPoint High;
+        Lanes LowX, LowY, LowZ, HighX, HighY, HighZ;
+        std::array<std::uint32_t, kWidth> Children;
+    };
+    /// Eight points; those that aren't there are infinitely far.
+    struct Leaf {
+        Lanes X, Y, Z;
+    };
+    struct Range {
         std::uint32_t First = 0;
-        std::uint32_t Last = 0;   ///< one behind
-        std::uint32_t Right = 0;  ///< second child (the first one follows its parent); 0 for a leaf
+        std::uint32_t Last = 0;  ///< one behind
     };
 
-    std::uint32_t Build(const PointCloud& points, std::uint32_t first, std::uint32_t last);
-    static double BoxSquared(const CloudPoint& p, const Node& node);
+    std::uint32_t BuildNode(const PointCloud& points, std::vector<std::uint32_t>& order, Range range);
+    std::uint32_t BuildLeaf(const PointCloud& points, const std::vector<std::uint32_t>& order, Range range);
+    static void PutBox(Node& node, std::size_t lane, const PointCloud& points, const std::vector<std::uint32_t>& order,
+                       Range range);
+    static Lanes BoxesSquared(const CloudPoint& p, const Node& node);
+    static Lanes PointsSquared(const CloudPoint& p, const Leaf& leaf);
+    template <typename Admits>
+    void SearchLeaf(const CloudPoint& p, std::uint32_t leaf, NearestPoint& best, const Admits& admits) const;
     template <typename Admits>
     void Search(const CloudPoint& p, NearestPoint& best, const Admits& admits) const;
 
+    std::uint32_t root_ = 0;
     std::vector<Node> nodes_;
-    std::vector<std::uint32_t> index_;
-    std::vector<double> x_;
-    std::vector<double> y_;
-    std::vector<double> z_;
+    std::vector<Leaf> leaves_;
+    std::vector<std::uint32_t> index_;  ///< one a slot: kWidth a leaf
 };
 
-inline double NearestTree::Squared(const CloudPoint& p, std::uint32_t slot) const {
-    const double dx = p.x - x_[slot];
-    const double dy = p.y - y_[slot];
-    const double dz = p.z - z_[slot];
+CROWNLAB_INLINE double NearestTree::Squared(const CloudPoint& p, std::uint32_t slot) const {
+    const Leaf& leaf = leaves_[slot / kWidth];
+    const double dx = p.x - leaf.X[slot % kWidth];
+    const double dy = p.y - leaf.Y[slot % kWidth];
+    const double dz = p.z - leaf.Z[slot % kWidth];
     return (dx * dx + dy * dy) + dz * dz;
 }
 
-inline double NearestTree::BoxSquared(const CloudPoint& p, const Node& node) {
+CROWNLAB_INLINE NearestTree::Lanes NearestTree::BoxesSquared(const CloudPoint& p, const Node& node) {
     const auto outside = [](double value, double low, double high) {
         const double below = low - value;
         const double above = value - high;
         const double more = below > above ? below : above;
         return more > 0 ? more : 0;
     };
-    const double dx = outside(p.x, node.Low.x, node.High.x);
-    const double dy = outside(p.y, node.Low.y, node.High.y);
-    const double dz = outside(p.z, node.Low.z, node.High.z);
-    return (dx * dx + dy * dy) + dz * dz;
+    Lanes squared;
+    for (std::size_t i = 0; i < kWidth; ++i) {
+        const double dx = outside(p.x, node.LowX[i], node.HighX[i]);
+        const double dy = outside(p.y, node.LowY[i], node.HighY[i]);
+        const double dz = outside(p.z, node.LowZ[i], node.HighZ[i]);
+        squared[i] = (dx * dx + dy * dy) + dz * dz;
+    }
+    return squared;
+}
+
+CROWNLAB_INLINE NearestTree::Lanes NearestTree::PointsSquared(const CloudPoint& p, const Leaf& leaf) {
+    Lanes squared;
+    for (std::size_t i = 0; i < kWidth; ++i) {
+        const double dx = p.x - leaf.X[i];
+        const double dy = p.y - leaf.Y[i];
+        const double dz = p.z - leaf.Z[i];
+        squared[i] = (dx * dx + dy * dy) + dz * dz;
+    }
+    return squared;
 }
 
 template <typename Admits>
-void NearestTree::Search(const CloudPoint& p, NearestPoint& best, const Admits& admits) const {
+CROWNLAB_INLINE void NearestTree::SearchLeaf(const CloudPoint& p, std::uint32_t leaf, NearestPoint& best,
+                                             const Admits& admits) const {
+    const Lanes squared = PointsSquared(p, leaves_[leaf]);
+    double least = squared[0];
+    for (std::size_t i = 1; i < kWidth; ++i) least = squared[i] < least ? squared[i] : least;
+    if (!(least < best.Squared)) return;
+    for (std::uint32_t i = 0; i < kWidth; ++i) {
+        const std::uint32_t slot = leaf * kWidth + i;
+        if (squared[i] < best.Squared && admits(slot)) best = {slot, squared[i]};
+    }
+}
+
+template <typename Admits>
+CROWNLAB_INLINE void NearestTree::Search(const CloudPoint& p, NearestPoint& best, const Admits& admits) const {
     struct Waiting {
-        std::uint32_t Node;
+        std::uint32_t Child;
         double Squared;
     };
-    // Halving 2^32 points leaves fewer levels than this.
-    std::array<Waiting, 64> stack;
+    // 2^28 points make fewer than 10 levels; a level leaves 7 children waiting at most.
+    std::array<Waiting, 80> stack;
     std::size_t depth = 0;
-    stack[depth++] = {0, BoxSquared(p, nodes_[0])};
+    stack[depth++] = {root_, 0};
     while (depth > 0) {
         const Waiting top = stack[--depth];
         if (!(top.Squared < best.Squared)) continue;
-        std::uint32_t at = top.Node;
-        while (nodes_[at].Right != 0) {
-            std::uint32_t near = at + 1;
-            std::uint32_t far = nodes_[at].Right;
-            double nearSquared = BoxSquared(p, nodes_[near]);
-            double farSquared = BoxSquared(p, nodes_[far]);
-            if (farSquared < nearSquared) {
-                std::swap(near, far);
-                std::swap(nearSquared, farSquared);
-            }
-            if (farSquared < best.Squared) stack[depth++] = {far, farSquared};
-            if (!(nearSquared < best.Squared)) break;
-            at = near;
+        if ((top.Child & kLeaf) != 0) {
+            SearchLeaf(p, top.Child & ~kLeaf, best, admits);
+            continue;
         }
-        if (nodes_[at].Right != 0) continue;
-        for (std::uint32_t slot = nodes_[at].First; slot < nodes_[at].Last; ++slot) {
-            const double squared = Squared(p, slot);
-            if (squared < best.Squared && admits(slot)) best = {slot, squared};
+        const Node& node = nodes_[top.Child];
+        const Lanes squared = BoxesSquared(p, node);
+        const std::size_t base = depth;
+        for (std::size_t i = 0; i < kWidth; ++i) {
+            if (!(squared[i] < best.Squared)) continue;
+            // Nearest on top.
+            std::size_t at = depth++;
+            for (; at > base && stack[at - 1].Squared < squared[i]; --at) stack[at] = stack[at - 1];
+            stack[at] = {node.Children[i], squared[i]};
         }
     }
 }

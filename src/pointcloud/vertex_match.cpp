@@ -53,7 +53,8 @@ public:
         : vertices_(vertices), tolerance_(tolerance), cell_(kCellTolerances * tolerance) {
         std::size_t buckets = 1;
         while (buckets < 2 * vertices.size()) buckets *= 2;
-        RequireMemory((static_cast<std::uint64_t>(buckets) + 2 * vertices.size()) * sizeof(std::uint32_t), "VertexCells");
+        RequireMemory((static_cast<std::uint64_t>(buckets) + 2 * vertices.size()) * sizeof(std::uint32_t),
+                      "VertexCells");
         mask_ = buckets - 1;
         start_.assign(buckets + 1, 0);
         std::vector<std::uint32_t> bucketOf(vertices.size());

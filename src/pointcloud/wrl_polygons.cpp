@@ -16,7 +16,8 @@ constexpr std::size_t kMostLines = 1000;
 constexpr std::size_t kMostEntries = 1000000;
 
 void RequireRoom(std::size_t count, std::size_t most, const char* what) {
-    if (count >= most) throw Failure(FailureKind::SubscriptOutOfRange, "more than " + std::to_string(most) + " " + what);
+    if (count >= most)
+        throw Failure(FailureKind::SubscriptOutOfRange, "more than " + std::to_string(most) + " " + what);
 }
 
 /// `line` without blanks and tabs before its text.
@@ -55,7 +56,8 @@ double NumberIn(std::string_view token, const std::string& name) {
     const char* const end = ScanNumber(token.data(), last, value);
     if (token.empty() || end != last) {
         constexpr std::size_t shown = 30;
-        throw Failure(FailureKind::TypeMismatch, name + ": \"" + std::string(token.substr(0, shown)) + "\" is not a number");
+        throw Failure(FailureKind::TypeMismatch,
+                      name + ": \"" + std::string(token.substr(0, shown)) + "\" is not a number");
     }
     return Finite(value, name);
 }

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTimer>
 
 #include "basis/failure.h"
 #include "desktop/entry_list.h"
@@ -49,7 +48,8 @@ TEST(Boxes, FormWindowsRefuseInputMeanwhile) {
     session.Window("frmSecond");
     session.On("cmdRun_Click", [&] { Tell(session.Probe(), "wait"); });
     session.On("cmdOther_Click", [&] { ++others; });
-    session.On("cmdOther_Click", [&] { ++others; }, "frmSecond");
+    session.On(
+        "cmdOther_Click", [&] { ++others; }, "frmSecond");
     BoxAnswers answers([&](QMessageBox& box) {
         session.Click("cmdOther");
         session.Click("cmdOther", "frmSecond");
@@ -70,7 +70,7 @@ TEST(Boxes, OfNestedHandlersAnswerFromTheInnermost) {
     ProbeSession session;
     std::vector<std::string> order;
     session.On("cmdRun_Click", [&] {
-        QTimer::singleShot(0, &session.Window(), [&] { session.Click("cmdOther"); });
+        Queue(session.Window(), [&] { session.Click("cmdOther"); });
         while (order.empty()) session.Desk.Yield();
         Tell(session.Probe(), "outer");
         order.emplace_back("outer");
@@ -90,9 +90,10 @@ TEST(Failures, AreShownWithTheirHandler) {
     BoxAnswers answers([](QMessageBox& box) { PressIn(box, QMessageBox::Ok); });
     session.Click("cmdRun");
     ASSERT_EQ(answers.Boxes.size(), 1u);
-    EXPECT_EQ(answers.Boxes[0].Text,
-              "Failure: Overflow\nIn: frmProbe.cmdRun_Click\nConcerning: NumX\n\nThe command was stopped where it stood; "
-              "Crownlab goes on.");
+    EXPECT_EQ(
+        answers.Boxes[0].Text,
+        "Failure: Overflow\nIn: frmProbe.cmdRun_Click\nConcerning: NumX\n\nThe command was stopped where it stood; "
+        "Crownlab goes on.");
 }
 
 TEST(Failures, OfOtherKindsAreShownToo) {
@@ -115,7 +116,7 @@ protected:
     void Show(const std::function<void()>& act) {
         Session.Desk.Act("test", [&] {
             const std::shared_ptr<Form> form = Session.App.Windows().Load("frmSaveFile");
-            QTimer::singleShot(20, &Session.Window("frmStartup"), act);
+            Queue(Session.Window("frmStartup"), act);
             Session.Desk.ShowModal(*form);
         });
     }

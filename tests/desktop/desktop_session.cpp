@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTimer>
@@ -46,9 +47,7 @@ bool DesktopSession::IsOpen(const std::string& form) {
     return window != nullptr && window->isVisible();
 }
 
-void DesktopSession::Click(const std::string& form, const char* name) {
-    ClickOn(Find<QWidget>(form, name));
-}
+void DesktopSession::Click(const std::string& form, const char* name) { ClickOn(Find<QWidget>(form, name)); }
 
 void DesktopSession::Choose(const char* menuItem) {
     auto* const action = Window("frmStartup").findChild<QAction*>(menuItem);
@@ -89,7 +88,31 @@ void ClickOn(QWidget& widget) {
         auto* const tabs = dynamic_cast<QTabWidget*>(page->parentWidget()->parentWidget());
         if (tabs != nullptr) tabs->setCurrentWidget(page);
     }
-    QTest::mouseClick(&widget, Qt::LeftButton, {}, boxed ? QPoint(intoTheBox, widget.height() / 2) : widget.rect().center());
+    QTest::mouseClick(&widget, Qt::LeftButton, {},
+                      boxed ? QPoint(intoTheBox, widget.height() / 2) : widget.rect().center());
+}
+
+void MoveOver(QWidget& widget, QPointF to) {
+    // Not by the pointer of the screen, which comes too late to wait for.
+    QMouseEvent move(QEvent::MouseMove, to, widget.mapToGlobal(to), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &move);
+}
+
+void Queue(QObject& context, std::function<void()> act) {
+    class Queued : public QObject {
+    public:
+        Queued(QObject& parent, std::function<void()> run) : QObject(&parent), run_(std::move(run)) {
+            QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+        }
+        bool event(QEvent* event) override {
+            if (event->type() == QEvent::User) run_();
+            return true;
+        }
+
+    private:
+        std::function<void()> run_;
+    };
+    new Queued(context, std::move(act));
 }
 
 void PressIn(QMessageBox& box, QMessageBox::StandardButton button) {

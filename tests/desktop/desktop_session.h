@@ -80,6 +80,13 @@ private:
 /// A click of the mouse where a widget feels it, its page of a tab turned up before.
 void ClickOn(QWidget& widget);
 
+/// The mouse moves over a widget to a place in its own coordinates.
+void MoveOver(QWidget& widget, QPointF to);
+
+/// Runs `act` as a person's act that waits to be served, at the next yield or in the loop of a box. Nothing runs
+/// if `context` is gone by then.
+void Queue(QObject& context, std::function<void()> act);
+
 /// Presses a button of a box.
 void PressIn(QMessageBox& box, QMessageBox::StandardButton button);
 

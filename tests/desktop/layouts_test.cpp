@@ -1,6 +1,4 @@
 // Forms and their layouts fit each other.
-#include "desktop/form_layouts.h"
-
 #include <gmock/gmock.h>
 
 #include <QLabel>
@@ -8,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/binder.h"
+#include "desktop/form_layouts.h"
 #include "desktop_session.h"
 #include "probe_session.h"
 

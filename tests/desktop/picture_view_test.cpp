@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QTest>
 
-#include "forms/acts.h"
+#include "desktop_session.h"
 #include "probe_session.h"
 
 namespace crownlab {
@@ -62,11 +62,11 @@ TEST(PictureView, TellsPositionsInTheToldPixels) {
     view.SetShape({100, 100});
     std::vector<double> told;
     view.OnMove = [&told](double x, double y) { told = {x, y}; };
-    QTest::mouseMove(&view, QPoint(50, 0));
-    QTest::mouseMove(&view, QPoint(150, 50));
+    MoveOver(view, QPointF(50, 0));
+    MoveOver(view, QPointF(150, 50));
     EXPECT_THAT(told, ElementsAre(50, 25));
     told.clear();
-    QTest::mouseMove(&view, QPoint(20, 50));
+    MoveOver(view, QPointF(20, 50));
     EXPECT_TRUE(told.empty()) << "beside the picture";
 }
 
@@ -100,7 +100,7 @@ TEST(PictureBoxes, HandTheirMouseToTheHandler) {
         probe.lblNote.Caption = "moved";
     });
     auto& view = session.Find<PictureView>("picBox_1");
-    QTest::mouseMove(&view, QPoint(100, 100));
+    MoveOver(view, QPointF(100, 100));
     // 100 by 50 told pixels fill 200 by 100, fifty from the top.
     EXPECT_THAT(told, ElementsAre(50, 25));
     EXPECT_EQ(session.Find<QLabel>("lblNote").text(), "moved");

@@ -89,8 +89,6 @@ void ProbeSession::On(const char* handler, std::function<void()> run, const std:
     Probe(form).OnAny(handler, [run = std::move(run)](const EventArgs&) { run(); });
 }
 
-void ProbeSession::Click(const char* widget, const std::string& form) {
-    ClickOn(Find<QWidget>(widget, form));
-}
+void ProbeSession::Click(const char* widget, const std::string& form) { ClickOn(Find<QWidget>(widget, form)); }
 
 }  // namespace crownlab

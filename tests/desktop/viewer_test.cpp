@@ -10,7 +10,6 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSlider>
-#include <QTimer>
 
 #include "desktop/entry_list.h"
 #include "desktop/picture_view.h"
@@ -68,13 +67,13 @@ TEST_F(Viewer, TheMouseReadsTheSurface) {
     auto& view = Find<PictureView>("picBoxD");
     const QRectF target = view.Target();
     // The middle of the cell in column 3, second row from the top: 22 by 12 cells with a ring of empty ones.
-    QTest::mouseMove(&view, QPointF(target.x() + target.width() * 2.5 / 22, target.y() + target.height() * 1.5 / 12).toPoint());
+    MoveOver(view, QPointF(target.x() + target.width() * 2.5 / 22, target.y() + target.height() * 1.5 / 12));
     EXPECT_EQ(Text("lblX_D"), "3");
     EXPECT_EQ(Text("lblY_D"), "11");
     EXPECT_EQ(Text("lblXR_D"), "2");
     EXPECT_EQ(Text("lblYR_D"), "10");
     EXPECT_NE(Text("lblZ_D"), "-");
-    QTest::mouseMove(&view, target.topLeft().toPoint() + QPoint(1, 1));
+    MoveOver(view, target.topLeft() + QPointF(1, 1));
     EXPECT_EQ(Text("lblZ_D"), "-") << "an empty cell";
 }
 
@@ -129,7 +128,8 @@ TEST_F(Viewer, AreaWithoutVolumeHasNoRatio) {
 
 TEST_F(Viewer, WhatHasNoFunctionDoesNothing) {
     Open();
-    for (const char* const name : {"cmdOutputMultiTIF", "Command1", "picSRLight", "lblAspectRotate", "chkCSLaP"}) Click(name);
+    for (const char* const name : {"cmdOutputMultiTIF", "Command1", "picSRLight", "lblAspectRotate", "chkCSLaP"})
+        Click(name);
     EXPECT_TRUE(Boxes.Boxes.empty());
     EXPECT_TRUE(Session.IsOpen("frmCSVView"));
 }
@@ -155,7 +155,7 @@ TEST_F(Viewer, NoFileChosenIsABoxWithItsTitle) {
 TEST_F(Viewer, TheSurfaceIsSavedUnderANameAskedFor) {
     Open();
     ClickFile(0);
-    QTimer::singleShot(50, &Session.Window("frmCSVView"), [this] {
+    Queue(Session.Window("frmCSVView"), [this] {
         Session.Type("frmSaveFile", "txtFileName", "copy.csv");
         Session.Click("frmSaveFile", "cmdOK");
     });
@@ -163,7 +163,8 @@ TEST_F(Viewer, TheSurfaceIsSavedUnderANameAskedFor) {
     EXPECT_TRUE(QFile::exists("copy.csv"));
     EXPECT_FALSE(Session.App.Windows().IsLoaded("frmSaveFile"));
     const auto& files = Find<EntryList>("File1");
-    EXPECT_TRUE(QTest::qWaitFor([&files] { return files.count() == 2; })) << "coming back to the window lists the new file";
+    EXPECT_TRUE(QTest::qWaitFor([&files] { return files.count() == 2; }))
+        << "coming back to the window lists the new file";
 }
 
 TEST_F(Viewer, TheModelIsShownAndFitted) {
@@ -194,7 +195,7 @@ TEST_F(Viewer, EscapeEndsTheFilm) {
     Click("cmdReadMultiCSV");
     const int teeth = Text("lblNoTeeth").toInt();
     auto& button = Find<QPushButton>("cmdViewMultiCSV");
-    QMetaObject::invokeMethod(&button, [&button] { QTest::keyClick(&button, Qt::Key_Escape); }, Qt::QueuedConnection);
+    Queue(button, [&button] { QTest::keyClick(&button, Qt::Key_Escape); });
     Click("cmdViewMultiCSV");
     EXPECT_LT(Find<QLineEdit>("txtCurrTooth").text().toInt(), teeth);
     Click("cmdViewMultiCSV");
@@ -204,7 +205,7 @@ TEST_F(Viewer, EscapeEndsTheFilm) {
 TEST_F(Viewer, EscapeEndsTheReading) {
     TakeTeeth();
     auto& button = Find<QPushButton>("cmdReadMultiCSV");
-    QMetaObject::invokeMethod(&button, [&button] { QTest::keyClick(&button, Qt::Key_Escape); }, Qt::QueuedConnection);
+    Queue(button, [&button] { QTest::keyClick(&button, Qt::Key_Escape); });
     Click("cmdReadMultiCSV");
     EXPECT_EQ(Text("lblNoTeeth"), "0");
     EXPECT_FALSE(Session.Desk.IsRunning());
@@ -214,7 +215,7 @@ TEST_F(Viewer, MayBeClosedWhileAFilmRuns) {
     TakeTeeth();
     Click("cmdReadMultiCSV");
     FormWindow* const window = &Session.Window("frmCSVView");
-    QMetaObject::invokeMethod(window, [window] { window->close(); }, Qt::QueuedConnection);
+    Queue(*window, [window] { window->close(); });
     Click("cmdViewMultiCSV");
     EXPECT_FALSE(Session.App.Windows().IsLoaded("frmCSVView"));
     EXPECT_FALSE(Session.Ended) << "the main window is still there";

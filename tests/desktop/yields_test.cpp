@@ -8,15 +8,13 @@
 #include <QSlider>
 #include <QTest>
 
+#include "desktop_session.h"
 #include "probe_session.h"
 
 namespace crownlab {
 namespace {
 
 using ::testing::ElementsAre;
-
-/// Runs `act` the next time events are served, as a person's act that waits.
-void Queue(ProbeSession& session, const std::function<void()>& act) { QMetaObject::invokeMethod(&session.Window(), act, Qt::QueuedConnection); }
 
 TEST(Yields, ShowWhatTheRecordsHold) {
     ProbeSession session;
@@ -65,7 +63,7 @@ TEST(Yields, LetOtherButtonsRunNested) {
     std::vector<std::string> order;
     session.On("cmdRun_Click", [&] {
         order.emplace_back("begins");
-        Queue(session, [&] { session.Click("cmdOther"); });
+        Queue(session.Window(), [&] { session.Click("cmdOther"); });
         session.Desk.Yield();
         order.emplace_back("ends");
     });
@@ -80,7 +78,7 @@ TEST(Yields, EscapeReachesTheButtonThatRuns) {
     session.On("cmdRun_KeyDown", [&] { cancelled = true; });
     int teeth = 0;
     session.On("cmdRun_Click", [&] {
-        Queue(session, [&] { QTest::keyClick(&session.Find<QPushButton>("cmdRun"), Qt::Key_Escape); });
+        Queue(session.Window(), [&] { QTest::keyClick(&session.Find<QPushButton>("cmdRun"), Qt::Key_Escape); });
         while (!cancelled && teeth < 1000) {
             ++teeth;
             session.Desk.Yield();
@@ -100,7 +98,7 @@ TEST(Yields, TheWaitPointerStaysUntilTheOutermostHandlerEnds) {
     };
     session.On("cmdRun_Click", [&] {
         note();
-        Queue(session, [&] { session.Click("cmdOther"); });
+        Queue(session.Window(), [&] { session.Click("cmdOther"); });
         session.Desk.Yield();
         note();
     });
@@ -135,7 +133,7 @@ TEST(Yields, AWindowClosedAtAYieldCanBeOpenedAnewBeforeItsHandlerEnds) {
     FormWindow* const before = &session.Window();
     session.Window("frmSecond");
     session.On("cmdRun_Click", [&] {
-        Queue(session, [&] {
+        Queue(session.Window(), [&] {
             before->close();
             session.Desk.Act("test", [&] { session.Windows.Show("frmProbe"); });
         });
@@ -158,7 +156,7 @@ TEST(Yields, WhatHappensToAnUnloadedWindowHasNoEffect) {
     int others = 0;
     session.On("cmdOther_Click", [&] { ++others; });
     session.On("cmdRun_Click", [&] {
-        QPushButton* const other = window->findChild<QPushButton*>("cmdOther");
+        auto* const other = window->findChild<QPushButton*>("cmdOther");
         session.Windows.Unload("frmProbe");
         other->click();
         window->close();
@@ -171,7 +169,7 @@ TEST(Yields, TheLastWindowClosedLetsTheHandlerEndFirst) {
     ProbeSession session;
     bool ended = false;
     session.On("cmdRun_Click", [&] {
-        Queue(session, [&] { session.Window().close(); });
+        Queue(session.Window(), [&] { session.Window().close(); });
         session.Desk.Yield();
         EXPECT_FALSE(session.Ended);
         ended = true;
@@ -189,7 +187,7 @@ TEST(Yields, ExitLeavesTheHandlersThatWait) {
             std::vector<std::string>& Order;
             ~Unfinished() { Order.emplace_back("dropped"); }
         } unfinished{order};
-        Queue(session, [&] { session.Click("cmdOther"); });
+        Queue(session.Window(), [&] { session.Click("cmdOther"); });
         session.Desk.Yield();
         order.emplace_back("went on");
     });
@@ -222,7 +220,7 @@ TEST(Redraws, TakeNoInput) {
     int others = 0;
     session.On("cmdOther_Click", [&] { ++others; });
     session.On("cmdRun_Click", [&] {
-        Queue(session, [&] { session.Click("cmdOther"); });
+        Queue(session.Window(), [&] { session.Click("cmdOther"); });
         session.Desk.Redraw();
     });
     session.Click("cmdRun");
@@ -236,7 +234,7 @@ TEST(Sliders, MovesWhileTheirHandlerRunsCountOnceAtItsEnd) {
         begun.push_back(session.Probe().sldTooth.Value);
         if (begun.size() == 1) {
             auto& slider = session.Find<QSlider>("sldTooth");
-            Queue(session, [&slider] {
+            Queue(session.Window(), [&slider] {
                 for (const int value : {4, 5, 6}) slider.setValue(value);
             });
         }

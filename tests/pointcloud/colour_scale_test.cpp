@@ -29,7 +29,8 @@ TEST(ColourScale, AValueOnAStepTakesTheColourAboveIt) {
 }
 
 TEST(ColourScale, StepsThatFloatsMissFollowTheFormula) {
-    // 0.3 / 0.1 is just below 3 as 64-bit floats: the scale starts at 0.2, and 0.3 falls just short of its second colour.
+    // 0.3 / 0.1 is just below 3 as 64-bit floats: the scale starts at 0.2, and 0.3 falls just short of its second
+    // colour.
     const ColourScale scale = MakeColourScale({0.3, 0.45});
     EXPECT_EQ(scale.Table.size(), 3u);
     EXPECT_THAT(scale.Numbers, ElementsAre(1, 3));
@@ -57,7 +58,12 @@ TEST(ColourScale, NegativeValues) {
 
 TEST(ColourScale, ColourNumbersAreSixteenBit) {
     EXPECT_THAT(MakeColourScale({0, 3276.65}).Numbers, ElementsAre(1, 32767));
-    EXPECT_TRUE(FailsWith(FailureKind::Overflow, [] { MakeColourScale({0, 3276.75}); }, "PointColour"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::Overflow,
+        [] {
+            MakeColourScale({0, 3276.75});
+        },
+        "PointColour"));
     EXPECT_TRUE(FailsWith(FailureKind::Overflow, [] { MakeColourScale({0, 1e300}); }));
     EXPECT_TRUE(FailsWith(FailureKind::Overflow, [] { MakeColourScale({1e308, -1e308}); }));
 }
@@ -65,7 +71,8 @@ TEST(ColourScale, ColourNumbersAreSixteenBit) {
 TEST(ColourScale, ValuesBeyondTheScanKeepItsBounds) {
     // All above 1,000,000: the smallest isn't found and stays there.
     EXPECT_EQ(MakeColourScale({1000000.25}).Table.size(), 3u);
-    EXPECT_TRUE(FailsWith(FailureKind::OutOfMemory, [] { MakeColourScale({-1e300}); }, "ColourTable"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::OutOfMemory, [] { MakeColourScale({-1e300}); }, "ColourTable"));
 }
 
 }  // namespace

@@ -23,7 +23,10 @@ protected:
     std::string Write(const ColourScale* scale, bool pointsAsVertices) {
         FileTable files;
         WriteColouredWrl(files, folder_ / "out.wrl",
-                         {.Model = model_, .Points = points_, .Match = match_, .Scale = scale,
+                         {.Model = model_,
+                          .Points = points_,
+                          .Match = match_,
+                          .Scale = scale,
                           .PointsAsVertices = pointsAsVertices});
         return FileBytes(folder_ / "out.wrl");
     }
@@ -62,7 +65,8 @@ TEST_F(ColouredWrlTest, WithoutColoursTheModelKeepsItsOwn) {
 TEST_F(ColouredWrlTest, CornersThatAreNoVertices) {
     for (const PolyFace face : {PolyFace{3, 0, 4}, PolyFace{-1, 0, 1}, PolyFace{0, 2147483647, 1}}) {
         model_.Faces = {face};
-        EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [&] { Write(nullptr, false); }, "corner"));
+        EXPECT_TRUE(FailsWith(
+            FailureKind::SubscriptOutOfRange, [&] { Write(nullptr, false); }, "corner"));
         EXPECT_EQ(folder_.EntryCount(), 0u);
     }
 }

@@ -27,7 +27,8 @@ protected:
     /// A file of points along x, eight to a unit, each with more columns behind it.
     void PutRow(const std::string& name, int count, const std::string& more = {}) {
         std::string text;
-        for (int i = 0; i < count; ++i) text += std::to_string(i / 8) + "." + std::to_string(i % 8 * 125) + ",0,0" + more + "\n";
+        for (int i = 0; i < count; ++i)
+            text += std::to_string(i / 8) + "." + std::to_string(i % 8 * 125) + ",0,0" + more + "\n";
         PutFile(folder_ / name, text);
     }
 
@@ -48,7 +49,8 @@ TEST_F(PointCloudMeasureTest, TheSecondFileIsLimitedTheFirstIsNot) {
 
     Add("fit.txt");
     Add("large.txt");
-    EXPECT_TRUE(FailsWith(FailureKind::Overflow, [&] { Press(Form().cmdEnamThickCalc); }, "32767"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::Overflow, [&] { Press(Form().cmdEnamThickCalc); }, "32767"));
     EXPECT_EQ(folder_.EntryCount(), 4u) << "no file is left half-written";
     EXPECT_EQ(Form().MousePointer, kPointerHourglass);
     EXPECT_TRUE(Form().pbarPtsPrcd.Visible);
@@ -85,7 +87,8 @@ TEST_F(PointCloudMeasureTest, ResultsThatCannotBeWritten) {
     std::filesystem::create_directory(folder_ / "cloud_dist.txt");
     Add("cloud.txt");
     Add("cloud.txt");
-    EXPECT_TRUE(FailsWith(FailureKind::PermissionDenied, [&] { Press(Form().cmdEnamThickCalc); }, "cloud_dist.txt"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::PermissionDenied, [&] { Press(Form().cmdEnamThickCalc); }, "cloud_dist.txt"));
     EXPECT_EQ(folder_.EntryCount(), 2u);
 }
 

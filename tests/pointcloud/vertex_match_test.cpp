@@ -102,7 +102,8 @@ TEST(VertexMatch, NothingToMatch) {
 
 TEST(VertexMatch, EachPointIsShown) {
     std::vector<std::size_t> shown;
-    MatchVertices({{0, 0, 0}, {9, 9, 9}}, {{0, 0, 0}}, kMatchTolerance, [&](std::size_t done) { shown.push_back(done); });
+    MatchVertices({{0, 0, 0}, {9, 9, 9}}, {{0, 0, 0}}, kMatchTolerance,
+                  [&](std::size_t done) { shown.push_back(done); });
     EXPECT_THAT(shown, ElementsAre(1, 2));
 }
 

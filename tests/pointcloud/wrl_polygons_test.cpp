@@ -76,20 +76,29 @@ TEST(WrlPolygons, TheEndOfTheFileEndsALine) {
 }
 
 TEST(WrlPolygons, EmptyListsHaveNoBounds) {
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [] { Parse(""); }, "no points"));
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [] { Parse("#VRML V2.0 utf8\nShape { }\n"); }, "no points"));
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [] { Parse(WithPoints("]\n")); }, "no points"));
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [] { Parse(WithFaces("]\n")); }, "no faces"));
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [] { Parse(kHead + kPoints + "}\n"); }, "no faces"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [] { Parse(""); }, "no points"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [] { Parse("#VRML V2.0 utf8\nShape { }\n"); }, "no points"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [] { Parse(WithPoints("]\n")); }, "no points"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [] { Parse(WithFaces("]\n")); }, "no faces"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [] { Parse(kHead + kPoints + "}\n"); }, "no faces"));
     // Both words have to start their line.
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [] { Parse("coord { point [\n" + kPoints); }, "no points"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [] { Parse("coord { point [\n" + kPoints); }, "no points"));
 }
 
 TEST(WrlPolygons, WhatIsNoNumber) {
-    EXPECT_TRUE(FailsWith(FailureKind::TypeMismatch, [] { Parse(WithPoints("a 0 0,\n]\n")); }, "\"a\""));
-    EXPECT_TRUE(FailsWith(FailureKind::TypeMismatch, [] { Parse(WithPoints("0 b 0,\n]\n")); }, "b"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::TypeMismatch, [] { Parse(WithPoints("a 0 0,\n]\n")); }, "\"a\""));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::TypeMismatch, [] { Parse(WithPoints("0 b 0,\n]\n")); }, "b"));
     EXPECT_TRUE(FailsWith(FailureKind::TypeMismatch, [] { Parse(WithPoints("0 0 0]\n")); }));
-    EXPECT_TRUE(FailsWith(FailureKind::TypeMismatch, [] { Parse(WithPoints("0 0 0,\n]}\n")); }, "]}"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::TypeMismatch, [] { Parse(WithPoints("0 0 0,\n]}\n")); }, "]}"));
     EXPECT_TRUE(FailsWith(FailureKind::TypeMismatch, [] { Parse(WithPoints("0 0 0,,,\n]\n")); })) << "two empty tokens";
     EXPECT_TRUE(FailsWith(FailureKind::TypeMismatch, [] { Parse(WithFaces("0,x,2,-1\n]")); }));
     EXPECT_TRUE(FailsWith(FailureKind::TypeMismatch, [] { Parse(WithPoints("nan 0 0,\n]\n")); }));
@@ -104,31 +113,37 @@ std::string Repeated(const std::string& text, int count) {
 
 TEST(WrlPolygons, AThousandLinesAGroup) {
     EXPECT_EQ(Parse(Repeated("#\n", 999) + WithFaces("0,1,2,-1\n]\n")).HeadLines.size(), 1000u);
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange,
-                          [] { Parse(Repeated("#\n", 1000) + WithFaces("0,1,2,-1\n]\n")); }, "1000 lines before"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [] { Parse(Repeated("#\n", 1000) + WithFaces("0,1,2,-1\n]\n")); },
+        "1000 lines before"));
     const std::string lists = kHead + kPoints;
     EXPECT_EQ(Parse(lists + Repeated("}\n", 999) + kMid + "0,1,2,-1\n]\n").MidLines.size(), 1000u);
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange,
-                          [&] { Parse(lists + Repeated("}\n", 1000) + kMid + "0,1,2,-1\n]\n"); }, "1000 lines between"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [&] { Parse(lists + Repeated("}\n", 1000) + kMid + "0,1,2,-1\n]\n"); },
+        "1000 lines between"));
     EXPECT_EQ(Parse(WithFaces("0,1,2,-1\n]\n") + Repeated("}\n", 1000)).TailLines.size(), 1000u);
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange,
-                          [] { Parse(WithFaces("0,1,2,-1\n]\n") + Repeated("}\n", 1001)); }, "1000 lines behind"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [] { Parse(WithFaces("0,1,2,-1\n]\n") + Repeated("}\n", 1001)); },
+        "1000 lines behind"));
 }
 
 TEST(WrlPolygons, AMillionEntriesAList) {
     const std::string million = Repeated("1 2 3,\n", 1000000);
     EXPECT_EQ(Parse(WithPoints(million + "]\n")).Points.size(), 1000000u);
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [&] { Parse(WithPoints(million + "1 2 3,\n]\n")); }, "points"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [&] { Parse(WithPoints(million + "1 2 3,\n]\n")); }, "points"));
     const std::string faces = Repeated("0,1,2,-1\n", 1000000);
     EXPECT_EQ(Parse(WithFaces(faces)).Faces.size(), 1000000u);
-    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [&] { Parse(WithFaces(faces + "0,1,2,-1\n")); }, "faces"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [&] { Parse(WithFaces(faces + "0,1,2,-1\n")); }, "faces"));
 }
 
 TEST(WrlPolygons, ReadsFiles) {
     const TempFolder folder;
     PutFile(folder / "m.wrl", "\xEF\xBB\xBF" + WithFaces("0,1,2,-1\n]\n"));
     EXPECT_EQ(ReadWrlPolygons(folder / "m.wrl").Points.size(), 3u);
-    EXPECT_TRUE(FailsWith(FailureKind::FileNotFound, [&] { ReadWrlPolygons(folder / "none.wrl"); }, "none.wrl"));
+    EXPECT_TRUE(FailsWith(
+        FailureKind::FileNotFound, [&] { ReadWrlPolygons(folder / "none.wrl"); }, "none.wrl"));
 }
 
 }  // namespace
