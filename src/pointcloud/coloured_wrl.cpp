@@ -36,8 +36,8 @@ void ForFacesWithPoints(const ColouredModel& model, Write write) {
 
 void WriteNumbers(ResultFile& file, std::initializer_list<double> numbers, std::string_view between,
                   std::string_view end) {
-    constexpr std::size_t mostNumbers = 4;
-    std::array<char, mostNumbers * (kNumberTextMax + 1)> line;
+    constexpr std::size_t longest = std::size_t{4} * (kNumberTextMax + 1);
+    std::array<char, longest> line;
     char* at = line.data();
     for (const double number : numbers) {
         if (at != line.data()) *at++ = between[0];
