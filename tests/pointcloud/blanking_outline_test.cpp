@@ -305,6 +305,11 @@ TEST(PlaceVertices, KeepsOffAQuarterOfABin) {
     const std::vector<OutlineVertex> vertices = PlaceVertices(grid, {{2, 3}});
     EXPECT_EQ(vertices[0].x, 0);
     EXPECT_EQ(vertices[0].y, 0);  // the first of equals: the lower corner
+    // Exactly a quarter is too near as well.
+    const std::vector<OutlineVertex> quarter = PlaceVertices(Bins({{0.25, 0.5, 0}}, 1), {{2, 3}});
+    EXPECT_EQ(quarter[0].x, 0);
+    EXPECT_EQ(quarter[0].y, 0);
+    EXPECT_EQ(quarter[0].Distance, std::sqrt(0.25 * 0.25 + 0.5 * 0.5));
 }
 
 TEST(KeepVertices, LetsEmptyEntriesThrough) {
