@@ -65,9 +65,7 @@ void Undercuts(benchmark::State& state) {
     state.counters["bin_size"] = binSize;
     state.SetComplexityN(state.range(0));
 }
-BENCHMARK(Undercuts)
-    ->ArgsProduct({{500000, 1000000, 2000000}, {10, 20}})
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(Undercuts)->ArgsProduct({{500000, 1000000, 2000000}, {10, 20}})->Unit(benchmark::kMillisecond);
 
 void Outline(benchmark::State& state) {
     const PointCloud cloud = CrownCloud(static_cast<std::size_t>(state.range(0)));

@@ -108,7 +108,8 @@ private:
 };
 
 /// Keys of all points in file order. Nothing if a bin ran full and larger bins are wanted.
-std::optional<std::vector<BinKey>> KeysOf(const PointCloud& cloud, const BinPlan& plan, const BinLayout& layout, BinCounts& counts) {
+std::optional<std::vector<BinKey>> KeysOf(const PointCloud& cloud, const BinPlan& plan, const BinLayout& layout,
+                                          BinCounts& counts) {
     constexpr int lastRow = std::numeric_limits<std::int16_t>::max();
     RequireMemory(cloud.size() * sizeof(BinKey), "BinPoints");
     std::vector<BinKey> keys;
@@ -144,7 +145,8 @@ std::vector<std::uint32_t> OrderByCounts(const std::vector<BinKey>& keys, BinCou
     std::uint32_t start = 0;
     for (std::uint32_t& count : counts.Counts()) start += std::exchange(count, start);
     std::vector<std::uint32_t> order(keys.size());
-    for (std::size_t i = 0; i < keys.size(); ++i) order[counts.Counts()[counts.DensePlace(keys[i])]++] = static_cast<std::uint32_t>(i);
+    for (std::size_t i = 0; i < keys.size(); ++i)
+        order[counts.Counts()[counts.DensePlace(keys[i])]++] = static_cast<std::uint32_t>(i);
     return order;
 }
 
@@ -175,7 +177,8 @@ BinPlan LayBins(const CloudExtents& extents, double binSize, const BinLayout& la
     return {.BinSize = binSize, .OriginX = x.Origin, .OriginY = y.Origin, .NumBinsX = x.NumBins, .NumBinsY = y.NumBins};
 }
 
-BinGrid FillBins(const PointCloud& cloud, const CloudExtents& extents, double binSize, double sizeInBox, const BinLayout& layout) {
+BinGrid FillBins(const PointCloud& cloud, const CloudExtents& extents, double binSize, double sizeInBox,
+                 const BinLayout& layout) {
     BinGrid grid;
     while (true) {
         grid.plan_ = LayBins(extents, binSize, layout);
@@ -219,7 +222,8 @@ BinGrid::Range BinGrid::PointsOf(std::size_t bin) const {
 std::size_t BinGrid::FirstBinAtOrAfter(std::int64_t column, std::int64_t row) const {
     const auto first = bins_.begin() + rowStart_[static_cast<std::size_t>(row)];
     const auto last = bins_.begin() + rowStart_[static_cast<std::size_t>(row) + 1];
-    const auto found = std::lower_bound(first, last, column, [](const Bin& bin, std::int64_t c) { return bin.Column < c; });
+    const auto found =
+        std::lower_bound(first, last, column, [](const Bin& bin, std::int64_t c) { return bin.Column < c; });
     return static_cast<std::size_t>(found - bins_.begin());
 }
 
@@ -232,7 +236,9 @@ BinGrid::Range BinGrid::PointsIn(std::int64_t columnLow, std::int64_t columnHigh
         // Column 0 holds nothing, so its end is where column 1 begins.
         return {ends[std::max<std::int64_t>(columnLow, 1) - 1], ends[std::min(columnHigh, last)]};
     }
-    const auto pointAt = [this](std::size_t bin) -> std::size_t { return bin < bins_.size() ? bins_[bin].First : X.size(); };
+    const auto pointAt = [this](std::size_t bin) -> std::size_t {
+        return bin < bins_.size() ? bins_[bin].First : X.size();
+    };
     return {pointAt(FirstBinAtOrAfter(columnLow, row)), pointAt(FirstBinAtOrAfter(columnHigh + 1, row))};
 }
 

@@ -36,9 +36,9 @@ BinPlan LayBins(const CloudExtents& extents, double binSize, const BinLayout& la
 class BinGrid {
 public:
     struct Bin {
-        std::int32_t Row = 0;      ///< by, from 1 to 32767
-        std::int64_t Column = 0;   ///< bx, from 1
-        std::uint32_t First = 0;   ///< first of its points
+        std::int32_t Row = 0;     ///< by, from 1 to 32767
+        std::int64_t Column = 0;  ///< bx, from 1
+        std::uint32_t First = 0;  ///< first of its points
     };
     struct Range {
         std::size_t First = 0;
@@ -77,6 +77,7 @@ private:
 ///
 /// Throws Overflow for a point beyond row 32767 and for a capacity beyond 16 bits, SubscriptOutOfRange for
 /// a point off the plan, OutOfMemory.
-BinGrid FillBins(const PointCloud& cloud, const CloudExtents& extents, double binSize, double sizeInBox, const BinLayout& layout);
+BinGrid FillBins(const PointCloud& cloud, const CloudExtents& extents, double binSize, double sizeInBox,
+                 const BinLayout& layout);
 
 }  // namespace crownlab

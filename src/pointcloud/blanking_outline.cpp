@@ -192,14 +192,16 @@ PointCloud FillPoints(const BinGrid& grid, const std::vector<BinPosition>& walk,
     std::set<std::pair<std::int64_t, std::int64_t>> nearWalk;
     for (const BinPosition& bin : walk) {
         for (std::int64_t row = bin.Row - 1; row <= bin.Row + 1; ++row) {
-            for (std::int64_t column = bin.Column - 1; column <= bin.Column + 1; ++column) nearWalk.insert({column, row});
+            for (std::int64_t column = bin.Column - 1; column <= bin.Column + 1; ++column)
+                nearWalk.insert({column, row});
         }
     }
     PointCloud points;
     for (std::int64_t row = 2; static_cast<double>(row) <= plan.NumBinsY - 1; row += 3) {
         for (std::int64_t column = 2; static_cast<double>(column) <= plan.NumBinsX - 1; column += 3) {
             if (nearWalk.count({column, row}) != 0) continue;
-            if (RowHasPoints(grid, column, row - 1) || RowHasPoints(grid, column, row) || RowHasPoints(grid, column, row + 1)) {
+            if (RowHasPoints(grid, column, row - 1) || RowHasPoints(grid, column, row) ||
+                RowHasPoints(grid, column, row + 1)) {
                 continue;
             }
             points.push_back({static_cast<double>(column - 1) * plan.BinSize + plan.OriginX + plan.BinSize / 2,

@@ -50,9 +50,11 @@ void Refuse(FrmPtCloud& form, const char* text) {
 
 }  // namespace
 
-FrmPtCloud::FrmPtCloud(Services& services, ShellState& shell) : Form(services, "frmPtCloud", "Point Clouds"), Shell(shell) {
+FrmPtCloud::FrmPtCloud(Services& services, ShellState& shell)
+    : Form(services, "frmPtCloud", "Point Clouds"), Shell(shell) {
     On("Form_Load", Form_Load);
-    On("Drive2_Change", +[](FrmPtCloud& form) { DriveChosen(Lists(form)); });
+    On(
+        "Drive2_Change", +[](FrmPtCloud& form) { DriveChosen(Lists(form)); });
     On("Dir2_Change", Dir2_Change);
     On("File2_Click", File2_Click);
     On("File2_DblClick", cmdAddFilename_Click);
@@ -60,7 +62,8 @@ FrmPtCloud::FrmPtCloud(Services& services, ShellState& shell) : Form(services, "
     On("DirC_Click", DirC_Click);
     On("cmdAddFilename_Click", cmdAddFilename_Click);
     On("cmdClearFilenames_Click", cmdClearFilenames_Click);
-    On("cmdExit_Click", +[](FrmPtCloud& form) { form.App.Windows->Unload(form.Name); });
+    On(
+        "cmdExit_Click", +[](FrmPtCloud& form) { form.App.Windows->Unload(form.Name); });
     RegisterUndercuts(*this);
     RegisterOutline(*this);
     RegisterPointsToWrl(*this);
@@ -91,9 +94,7 @@ void AddIfNoFiles(FrmPtCloud& form) {
     }
 }
 
-void StartProgress(FrmPtCloud& form, std::size_t total) {
-    form.pbarPtsPrcd.Max = static_cast<double>(total);
-}
+void StartProgress(FrmPtCloud& form, std::size_t total) { form.pbarPtsPrcd.Max = static_cast<double>(total); }
 
 void ShowProgress(FrmPtCloud& form, std::size_t done, std::size_t total) {
     constexpr std::size_t every = 100;

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "forms/form.h"
 #include "formats/point_text.h"
+#include "forms/form.h"
 #include "shell/file_batch.h"
 
 namespace crownlab {
@@ -24,9 +24,8 @@ struct FrmPtCloud : Form {
 
     // Chooser and batch.
     Label lblFileType{*this, "lblFileType", "File type"};
-    ComboBox cmbFileType{*this,
-                         "cmbFileType",
-                         {"Text file (*.txt,*.dat)", "VRML file Polygons (*.wrl)", "Show all files (*.*)"}};
+    ComboBox cmbFileType{
+        *this, "cmbFileType", {"Text file (*.txt,*.dat)", "VRML file Polygons (*.wrl)", "Show all files (*.*)"}};
     DriveList Drive2{*this, "Drive2"};
     DirList Dir2{*this, "Dir2"};
     FileList File2{*this, "File2", "*.txt;*.dat"};
@@ -101,9 +100,8 @@ struct FrmPtCloud : Form {
     Frame fraTipCal{*this, "fraTipCal", "Tip calibration"};
     CommandButton cmdTipCal{fraTipCal, "cmdTipCal", "Adjust for tip calibration"};
     Label lblTipNo{fraTipCal, "lblTipNo", "Tip"};
-    ComboBox cmbTipNo{fraTipCal,
-                      "cmbTipNo",
-                      {"t0", "t5", "t8", "t1", "t2", "t3", "t4", "t6", "t7", "t9", "t10", "t11", "t12"}};
+    ComboBox cmbTipNo{
+        fraTipCal, "cmbTipNo", {"t0", "t5", "t8", "t1", "t2", "t3", "t4", "t6", "t7", "t9", "t10", "t11", "t12"}};
     Label lblTipCalX{fraTipCal, "lblTipCalX", "x"};
     TextBox txtTipCalX{fraTipCal, "txtTipCalX", "0.000"};
     Label lblTipCalY{fraTipCal, "lblTipCalY", "y"};

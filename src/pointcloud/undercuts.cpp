@@ -69,7 +69,8 @@ struct Candidates {
 using Lanes = double __attribute__((vector_size(32)));
 using LaneMask = long long __attribute__((vector_size(32)));
 
-CROWNLAB_WIDE Neighbours FindInside(const double* x, const double* y, const double* z, std::size_t count, const Square& square) {
+CROWNLAB_WIDE Neighbours FindInside(const double* x, const double* y, const double* z, std::size_t count,
+                                    const Square& square) {
     const double lowest = Neighbours{}.MaxZ;
     Lanes highest = Lanes{} + lowest;
     LaneMask found{};
@@ -184,7 +185,8 @@ struct BinSearch {
 UndercutResult FindUndercuts(const BinGrid& grid, const UndercutOptions& options, const PointsDone& done) {
     UndercutResult result;
     result.Rejected.resize(grid.X.size());
-    BinSearch search{.Grid = grid, .Options = options, .Bin = nullptr, .Radius = 0, .Reach = 0, .Near = {}, .Retried = false};
+    BinSearch search{
+        .Grid = grid, .Options = options, .Bin = nullptr, .Radius = 0, .Reach = 0, .Near = {}, .Retried = false};
     std::size_t count = 0;
     for (std::size_t b = 0; b < grid.Bins().size(); ++b) {
         search.Begin(grid.Bins()[b]);

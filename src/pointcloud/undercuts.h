@@ -10,12 +10,12 @@ namespace crownlab {
 
 /// How points below an overhang are told.
 struct UndercutOptions {
-    double PrimaryRadius = 0.020;  ///< half the side of the search square, in units of x and y
-    double RadiusIncrement = 0.25; ///< share of PrimaryRadius added when a search finds nothing
-    bool FindNeighbour = true;     ///< search again with a larger square instead of failing
-    bool ByThreshold = true;       ///< else by Proportion
-    double Threshold = 0.08;       ///< height below the square's highest point that rejects a point
-    double Proportion = 0.9;       ///< a point lower than this share of the highest z is rejected
+    double PrimaryRadius = 0.020;   ///< half the side of the search square, in units of x and y
+    double RadiusIncrement = 0.25;  ///< share of PrimaryRadius added when a search finds nothing
+    bool FindNeighbour = true;      ///< search again with a larger square instead of failing
+    bool ByThreshold = true;        ///< else by Proportion
+    double Threshold = 0.08;        ///< height below the square's highest point that rejects a point
+    double Proportion = 0.9;        ///< a point lower than this share of the highest z is rejected
 };
 
 struct UndercutResult {

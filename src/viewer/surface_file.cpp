@@ -96,8 +96,12 @@ SurfaceExtents FindSurfaceExtents(std::vector<SurfacePoint>& points, bool origin
     if (originalModelFile) {
         for (SurfacePoint& p : points) p.z = -p.z;
     }
-    SurfaceExtents extents{.XMin = kExtentStart, .XMax = -kExtentStart, .YMin = kExtentStart,
-                           .YMax = -kExtentStart, .ZMin = kExtentStart, .ZMax = -kExtentStart};
+    SurfaceExtents extents{.XMin = kExtentStart,
+                           .XMax = -kExtentStart,
+                           .YMin = kExtentStart,
+                           .YMax = -kExtentStart,
+                           .ZMin = kExtentStart,
+                           .ZMax = -kExtentStart};
     FindPlaneExtents(points, extents);
     FillBlanks(points, extents);
     if (originalModelFile) {
@@ -156,7 +160,8 @@ SurfaceGrid BuildCells(const std::vector<SurfacePoint>& points, const GridLimits
 void WriteSurfaceFile(FileTable& files, const std::string& path, const SurfaceGrid& grid) {
     ResultFile file(files, path);
     grid.RequireCells("CellGrid");
-    for (std::size_t at = 0; at < grid.Size(); ++at) file.Record((*grid.Places)[at].x, (*grid.Places)[at].y, grid.Z[at]);
+    for (std::size_t at = 0; at < grid.Size(); ++at)
+        file.Record((*grid.Places)[at].x, (*grid.Places)[at].y, grid.Z[at]);
     file.Commit();
 }
 
