@@ -61,12 +61,14 @@ void NameOutputs(const FrmPtCloud& form, BatchFile& file) {
     const std::string method = form.optProp.Selected     ? "-ucp" + LastThree(form.txtProp)
                                : form.optThresh.Selected ? "-uct" + LastThree(form.txtThresh)
                                                          : std::string();
-    const std::string start = file.Stem + method + "_" + LastThree(form.txtSearchRadius) + (form.chkMould.Checked ? "m" : "");
+    const std::string start =
+        file.Stem + method + "_" + LastThree(form.txtSearchRadius) + (form.chkMould.Checked ? "m" : "");
     file.OutputPath = start + file.Ext;
     file.RejectPath = start + "_rej" + file.Ext;
 }
 
-void WritePoints(FileTable& files, const std::string& path, const BinGrid& grid, const UndercutResult& result, bool rejected) {
+void WritePoints(FileTable& files, const std::string& path, const BinGrid& grid, const UndercutResult& result,
+                 bool rejected) {
     ResultFile file(files, path);
     for (std::size_t i = 0; i < grid.X.size(); ++i) {
         if ((result.Rejected[i] != 0) == rejected) WritePointLine(file, {grid.X[i], grid.Y[i], grid.Z[i]});

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "basis/failure.h"
+#include "formats/point_text.h"
 
 namespace crownlab {
 
@@ -14,12 +15,7 @@ namespace crownlab {
 inline constexpr double kEmptyCellZ = 9999;
 
 /// One point of a surface, in the file's own units (usually millimetres).
-struct SurfacePoint {
-    double x = 0;
-    double y = 0;
-    double z = 0;
-    friend bool operator==(const SurfacePoint&, const SurfacePoint&) = default;
-};
+using SurfacePoint = CloudPoint;
 
 /// Where a cell lies in the plane.
 struct Place {

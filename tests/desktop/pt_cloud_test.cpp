@@ -175,7 +175,7 @@ protected:
         OpenWith(600, 500);
         Session.Click(kForm, "chkDefaultSet");
         Session.Type(kForm, "txtSearchRadius", "0.15");
-        Session.Type(kForm, "txtBinSize", "0.3");
+        Session.Type(kForm, "txtBinSize", "0.2");
         QElapsedTimer time;
         Watch bar(Find<QProgressBar>("pbarPtsPrcd"), BarValue);
         Watch count(Find<QLineEdit>("txtNoPtsPrcd"), CountShown);

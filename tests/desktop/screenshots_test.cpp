@@ -105,7 +105,7 @@ void RunUndercuts(DesktopSession& session, bool defaults) {
     session.Desk.Act("test", [&session, defaults] {
         SetText(session.Get<TextBox>("frmPtCloud", "txtSearchRadius"), "0.080");
         // Bins far too large: the run lasts until a picture is taken.
-        SetText(session.Get<TextBox>("frmPtCloud", "txtBinSize"), "2");
+        SetText(session.Get<TextBox>("frmPtCloud", "txtBinSize"), "1");
         SetText(session.Get<TextBox>("frmPtCloud", "txtThresh"), "0.320");
         SetChecked(session.Get<CheckBox>("frmPtCloud", "chkDefaultSet"), defaults);
     });

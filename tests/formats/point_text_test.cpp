@@ -30,6 +30,7 @@ protected:
     FileTable files_;
 };
 
+const std::string kByteOrderMark = "\xEF\xBB\xBF";
 const PointCloud kTwo{{1, -2, 3.5}, {0.25, 5, -6}};
 
 TEST_F(PointText, ReadsWhatEditorsScannersAndSpreadsheetsWrite) {
@@ -38,8 +39,7 @@ TEST_F(PointText, ReadsWhatEditorsScannersAndSpreadsheetsWrite) {
         "1,-2,3.5\r\n.25,5,-6\r\n",
         "1,-2,3.5\r.25,5,-6\r",
         "1,-2,3.5\n.25,5,-6",
-        "\xEF\xBB\xBF"
-        "1,-2,3.5\r\n.25,5,-6\r\n",
+        kByteOrderMark + "1,-2,3.5\r\n.25,5,-6\r\n",
         "1 -2 3.5\n.25 5 -6\n",
         "1\t-2\t3.5\n.25\t5\t-6\n",
         "   1   -2\t 3.5  \n\t.25 ,5 , -6 \n",
@@ -80,7 +80,7 @@ TEST_F(PointText, RefusesWhatIsNoNumber) {
 
 TEST_F(PointText, RefusesFilesWithoutALine) {
     EXPECT_TRUE(Refuses(FailureKind::SubscriptOutOfRange, ""));
-    EXPECT_TRUE(Refuses(FailureKind::SubscriptOutOfRange, "\xEF\xBB\xBF"));
+    EXPECT_TRUE(Refuses(FailureKind::SubscriptOutOfRange, kByteOrderMark));
     EXPECT_TRUE(Refuses(FailureKind::InputPastEnd, "\n"));
     EXPECT_TRUE(FailsWith(FailureKind::FileNotFound, [&] { ReadPointText(folder_ / "none.txt"); }));
     EXPECT_TRUE(FailsWith(FailureKind::PathNotFound, [&] { ReadPointText(folder_ / "none/scan.txt"); }));

@@ -99,10 +99,10 @@ TEST(FillBins, OrdersWidePlansByRowColumnAndFile) {
     std::stable_sort(sorted.begin(), sorted.end(),
                      [&](const CloudPoint& a, const CloudPoint& b) { return binOf(a) < binOf(b); });
     ASSERT_EQ(InBinOrder(grid), sorted);
-    for (std::size_t b = 0; b < grid.Bins().size(); ++b) {
-        const auto [row, column] = binOf(sorted[grid.Bins()[b].First]);
-        ASSERT_EQ(row, grid.Bins()[b].Row);
-        ASSERT_EQ(column, static_cast<double>(grid.Bins()[b].Column));
+    for (const BinGrid::Bin& bin : grid.Bins()) {
+        const auto [row, column] = binOf(sorted[bin.First]);
+        ASSERT_EQ(row, bin.Row);
+        ASSERT_EQ(column, static_cast<double>(bin.Column));
     }
 }
 

@@ -141,11 +141,10 @@ TEST(FindUndercuts, AgreesWithEveryPairOnAWideSparsePlan) {
     const UndercutOptions options = Threshold(0.02, 0.25);
     const Outcome found = Remove(cloud, 0.02, options);
     const auto isUndercut = [&](const CloudPoint& p) {
-        for (const CloudPoint& q : cloud) {
+        return std::any_of(cloud.begin(), cloud.end(), [&](const CloudPoint& q) {
             const bool inside = q.x > p.x - 0.02 && q.x < p.x + 0.02 && q.y > p.y - 0.02 && q.y < p.y + 0.02;
-            if (inside && q.z - options.Threshold > p.z) return true;
-        }
-        return false;
+            return inside && q.z - options.Threshold > p.z;
+        });
     };
     EXPECT_EQ(found.Kept.size() + found.Rejected.size(), cloud.size());
     EXPECT_GT(found.Rejected.size(), 100u);

@@ -385,8 +385,8 @@ TEST(Clump, CombsOfAllOrdersEqualTheSlowVersion) {
     RandomNumbers numbers;
     std::size_t patches = 0;
     for (int round = 0; round < 300; ++round) {
-        std::vector<int> feet;
-        for (int i = 0; i < 40; ++i) feet.push_back(static_cast<int>(1 + numbers.Below(12)));
+        std::vector<int> feet(40);
+        for (int& foot : feet) foot = static_cast<int>(1 + numbers.Below(12));
         const SurfaceGrid comb = MakeGrid(40, 25, [&](int i, int j) {
             const int foot = feet[static_cast<std::size_t>(i - 1)];
             const bool tooth = i % 2 == 0 && (j % 13) >= foot;
