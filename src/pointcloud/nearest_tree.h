@@ -125,9 +125,6 @@ template <typename Admits>
 CROWNLAB_INLINE void NearestTree::SearchLeaf(const CloudPoint& p, std::uint32_t leaf, NearestPoint& best,
                                              const Admits& admits) const {
     const Lanes squared = PointsSquared(p, leaves_[leaf]);
-    bool nearer = false;
-    for (std::size_t i = 0; i < kWidth; ++i) nearer |= squared[i] < best.Squared;
-    if (!nearer) return;
     for (std::uint32_t i = 0; i < kWidth; ++i) {
         const std::uint32_t slot = leaf * kWidth + i;
         if (squared[i] < best.Squared && admits(slot)) best = {slot, squared[i]};
