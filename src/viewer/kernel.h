@@ -11,7 +11,8 @@ struct Kernel {
     int k = 1;
     std::vector<double> Weights;
     double At(int column, int row) const {
-        return Weights[static_cast<std::size_t>((row + k) * (2 * k + 1) + column + k)];
+        const int at = (row + k) * (2 * k + 1) + column + k;
+        return Weights[static_cast<std::size_t>(at)];
     }
 };
 
@@ -23,11 +24,11 @@ Kernel LaplacianKernel();
 SurfaceGrid ApplyKernel(const SurfaceGrid& work, const Kernel& kernel);
 
 struct CuspOptions {
-    int k = 1;                ///< half width of the window in cells
-    double MinCuspValue = 0;  ///< a lower cell is no cusp
-    double CuspDifference = 0;///< a cell this far below the window's highest still counts
-    double WorkZMin = 0;      ///< what a cell without a cusp gets
-    double WorkZMax = 0;      ///< what a cusp gets
+    int k = 1;                  ///< half width of the window in cells
+    double MinCuspValue = 0;    ///< a lower cell is no cusp
+    double CuspDifference = 0;  ///< a cell this far below the window's highest still counts
+    double WorkZMin = 0;        ///< what a cell without a cusp gets
+    double WorkZMax = 0;        ///< what a cusp gets
 };
 /// Map of cusps in two values: local maxima of height (and everything within CuspDifference of them). A
 /// window at the edge is cut off by the grid. A cell of height 0 is never a cusp.

@@ -130,6 +130,7 @@ int RunCase(const std::string& player, const fs::path& source, const fs::path& w
     fs::remove_all(work);
     fs::create_directories(work.parent_path());
     fs::copy(source, work, fs::copy_options::recursive);
+    for (const char* const expected : {"expected.out", "expected.err", "expected.status"}) fs::remove(work / expected);
     // Beside the copy, so that the script's own listings don't show them.
     const fs::path out = work.string() + ".out";
     const fs::path err = work.string() + ".err";

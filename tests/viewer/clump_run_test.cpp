@@ -182,6 +182,37 @@ TEST(ClumpRun, BearsWhateverHappensAtItsYields) {
     }
 }
 
+// Another surface of the same size is read and counted while pass one looks for equivalences: the rest of that pass and
+// all that follows go by the labels that the inner count left, with a table that it left empty.
+TEST(ClumpRun, GoesOnWithWhatAnInnerCountLeft) {
+    SCOPED_TRACE(kRandomSeed);
+    const TempFolder folder;
+    RandomNumbers numbers;
+    const SurfaceGrid grid = LargeGrid(40, 200, false, numbers);
+    const SurfaceGrid other = LargeGrid(40, 200, true, numbers);
+    ViewerWindow viewer;
+    FrmCSVView& form = viewer.Form();
+    form.chkClumpSaveImage.Checked = false;
+    TakeSurface(form, grid, folder.Path());
+    viewer.Screen.AtYield(2, [&] {
+        TakeSurface(form, other, folder.Path());
+        cmdProcClump_Click(form);
+    });
+    cmdProcClump_Click(form);
+
+    SlowClump slow = SlowRunOf(form.State, false, 2);
+    for (int row = 137; row <= 200; ++row) {
+        for (int column = row == 137 ? 13 : 1; column <= 40; ++column) slow.FindEquiv(2, column, row);
+    }
+    slow.Shorten();
+    slow.FixEquiv(2);
+    slow.EquivTable.assign(slow.EquivTable.size(), 0);
+    for (int pass = 2; pass <= 4; ++pass) slow.DoPass(pass);
+    slow.ClumpSizes.clear();
+    slow.Count();
+    ExpectSameStages(form.State, slow);
+}
+
 // Pressing the button in the middle of its own run leaves the same files as one run does.
 TEST(ClumpRun, NestedInItselfGivesTheSameCount) {
     RandomNumbers numbers;

@@ -148,6 +148,44 @@ TEST(Clump, ManyLabelsEqualTheSlowVersion) {
     }
 }
 
+/// A board on which every cell has a label of its own, and over it a maze that goes on up to the label `last`: a cell
+/// that would need one more is void.
+SurfaceGrid BoardWithMaze(int last, RandomNumbers& numbers) {
+    const int numX = 99;
+    const int boardRows = 100;
+    int label = 0;
+    SurfaceGrid grid = MakeGrid(numX, boardRows + 24, [&](int i, int j) {
+        if (j <= boardRows) return static_cast<double>((i + j) % 2);
+        const bool wall = j == boardRows + 1 || numbers.Below(100) < 38;
+        return wall ? kEmptyCellZ : 7.0;
+    });
+    for (std::size_t at = 0; at < grid.Size(); ++at) {
+        if (grid.Z[at] == kEmptyCellZ) continue;
+        const bool left = at % numX != 0 && grid.Z[at] == grid.Z[at - 1];
+        const bool below = at >= numX && grid.Z[at] == grid.Z[at - numX];
+        if (left || below) continue;
+        if (label == last) {
+            grid.Z[at] = kEmptyCellZ;
+        } else {
+            label += label == 0 ? 2 : 1;
+        }
+    }
+    EXPECT_EQ(label, last);
+    return grid;
+}
+
+// Cells of label 9999 enter nothing into the table themselves, only their neighbours do.
+TEST(Clump, MazesAtTheTablesEndEqualTheSlowVersion) {
+    SCOPED_TRACE(kRandomSeed);
+    RandomNumbers numbers;
+    for (int round = 0; round < 25; ++round) {
+        for (const int last : {9999, 10000}) {
+            SCOPED_TRACE(last);
+            EXPECT_EQ(ExpectSameCount(BoardWithMaze(last, numbers), kBands, 0, numbers), last);
+        }
+    }
+}
+
 TEST(Clump, ALabel9999CountsAsNone) {
     // 99 by 101 cells, no two of a kind side by side: cell number n has the label n + 1.
     const SurfaceGrid board = MakeGrid(99, 101, [](int i, int j) { return static_cast<double>((i + j) % 2); });
@@ -347,8 +385,8 @@ TEST(Clump, CombsOfAllOrdersEqualTheSlowVersion) {
     RandomNumbers numbers;
     std::size_t patches = 0;
     for (int round = 0; round < 300; ++round) {
-        std::vector<int> feet;
-        for (int i = 0; i < 40; ++i) feet.push_back(static_cast<int>(1 + numbers.Below(12)));
+        std::vector<int> feet(40);
+        for (int& foot : feet) foot = static_cast<int>(1 + numbers.Below(12));
         const SurfaceGrid comb = MakeGrid(40, 25, [&](int i, int j) {
             const int foot = feet[static_cast<std::size_t>(i - 1)];
             const bool tooth = i % 2 == 0 && (j % 13) >= foot;

@@ -153,7 +153,7 @@ struct SlowClump {
                 to(i, j) = z;
             }
         }
-        Level[static_cast<std::size_t>(level + 1)] = to;
+        Level[static_cast<std::size_t>(level) + 1] = to;
     }
 
     void DoPass(int pass) {
