@@ -63,11 +63,12 @@ void HintLargePages(void* block, std::size_t bytes) {
 #ifdef __linux__
     constexpr std::size_t worthIt = 8u << 20;
     if (bytes < worthIt) return;
-    const auto page = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
-    const auto first = (reinterpret_cast<std::uintptr_t>(block) + page - 1) / page * page;
-    const auto last = (reinterpret_cast<std::uintptr_t>(block) + bytes) / page * page;
+    const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    // The whole pages inside the block.
+    const std::size_t before = (page - reinterpret_cast<std::uintptr_t>(block) % page) % page;
+    const std::size_t size = (bytes - before) / page * page;
     // Only a hint: whether it is taken doesn't matter.
-    if (last > first) static_cast<void>(madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE));
+    static_cast<void>(madvise(static_cast<char*>(block) + before, size, MADV_HUGEPAGE));
 #else
     (void)block;
     (void)bytes;

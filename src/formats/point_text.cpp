@@ -66,7 +66,7 @@ ValuedCloud ReadValuedPointText(const std::string& path) {
 void WritePointLine(ResultFile& file, const CloudPoint& point) { WriteNumberLine(file, {point.x, point.y, point.z}); }
 
 void WriteNumberLine(ResultFile& file, std::initializer_list<double> numbers) {
-    std::array<char, 12 * (kNumberTextMax + 1)> line;
+    std::array<char, std::size_t{12} * (kNumberTextMax + 1)> line;
     if (numbers.size() > 11) throw Failure(FailureKind::InvalidCall, "a line of too many numbers");
     char* end = line.data();
     for (const double number : numbers) {

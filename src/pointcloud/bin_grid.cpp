@@ -33,7 +33,7 @@ double Rounded(double value, const BinLayout& layout) {
 }
 
 std::int64_t BinNumber(double coordinate, double origin, double size, const BinLayout& layout) {
-    constexpr double limit = static_cast<double>(std::int64_t{1} << kColumnBits);
+    constexpr auto limit = static_cast<double>(std::int64_t{1} << kColumnBits);
     const double steps = Rounded(coordinate - origin, layout) / size;
     if (!(steps < limit && steps > -limit)) throw Failure(FailureKind::Overflow, "bin number");
     return Floor(steps) + 1;

@@ -199,7 +199,7 @@ PointCloud FillPoints(const BinGrid& grid, const std::vector<BinPosition>& walk,
     PointCloud points;
     for (std::int64_t row = 2; static_cast<double>(row) <= plan.NumBinsY - 1; row += 3) {
         for (std::int64_t column = 2; static_cast<double>(column) <= plan.NumBinsX - 1; column += 3) {
-            if (nearWalk.count({column, row}) != 0) continue;
+            if (nearWalk.contains({column, row})) continue;
             if (RowHasPoints(grid, column, row - 1) || RowHasPoints(grid, column, row) ||
                 RowHasPoints(grid, column, row + 1)) {
                 continue;
