@@ -19,9 +19,7 @@ namespace {
 constexpr double kStep = 0.01;
 
 /// A few cusps and a basin; smooth, so that patches are few whatever the size.
-double HeightAt(double u, double v) {
-    return 3 + std::sin(4 * u) * std::cos(3 * v) + 0.1 * std::sin(3 * (u + v));
-}
+double HeightAt(double u, double v) { return 3 + std::sin(4 * u) * std::cos(3 * v) + 0.1 * std::sin(3 * (u + v)); }
 
 }  // namespace
 

@@ -70,7 +70,8 @@ BENCHMARK(PatchCount)->Arg(500)->Arg(1000)->Arg(2000)->Unit(benchmark::kMillisec
 void ShortenTable(benchmark::State& state) {
     const int labels = static_cast<int>(state.range(0));
     std::vector<std::int16_t> chain = EmptyEquivTable();
-    for (int label = 2; label <= labels; ++label) chain[static_cast<std::size_t>(label)] = static_cast<std::int16_t>(label - 1);
+    for (int label = 2; label <= labels; ++label)
+        chain[static_cast<std::size_t>(label)] = static_cast<std::int16_t>(label - 1);
     std::vector<std::int16_t> table;
     for (auto _ : state) {
         table = chain;
@@ -92,7 +93,8 @@ void WriteCellsFile(benchmark::State& state) {
     }
     ClumpResult result;
     result.ClumpInfo = "bench";
-    const ClumpReport report{.Folder = WithSeparator(folder.Folder()), .BaseName = "cells", .Result = &result, .Sizes = {}};
+    const ClumpReport report{
+        .Folder = WithSeparator(folder.Folder()), .BaseName = "cells", .Result = &result, .Sizes = {}};
     FileTable files;
     for (auto _ : state) WriteClumpCells(files, report, labels);
     const std::string text = ReadWholeFile(folder.Path("cells-bench.csv"));

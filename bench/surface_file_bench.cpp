@@ -13,9 +13,9 @@ void ReadSurfaceFile(benchmark::State& state) {
     const int side = static_cast<int>(state.range(0));
     const std::uint64_t bytes = WriteSurfaceText(SmoothSurface(side + 2), path, 5);
     // A first read brings the file into the page cache, and memory to a machine that hands it out slowly.
-    std::size_t cells = ReadSurfacePoints(path).size();
+    std::size_t cells = ReadPointText(path).size();
     for (auto _ : state) {
-        std::vector<SurfacePoint> points = ReadSurfacePoints(path);
+        std::vector<SurfacePoint> points = ReadPointText(path);
         double origin = 0;
         const SurfaceExtents extents = FindSurfaceExtents(points, false, origin);
         const SurfaceSteps steps = FindSteps(points);

@@ -13,7 +13,7 @@ else()
   target_compile_options(crownlab_options INTERFACE
     -ffp-contract=off -fno-math-errno -fno-trapping-math
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wunused
-    -Wnull-dereference -Wformat=2)
+    -Wformat=2)
   if(CROWNLAB_WERROR)
     target_compile_options(crownlab_options INTERFACE -Werror)
   endif()

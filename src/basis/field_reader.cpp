@@ -113,6 +113,15 @@ std::string FieldReader::ReadText() {
     return text;
 }
 
+std::string_view FieldReader::ReadToken() {
+    SkipToField();
+    const char* const start = position_;
+    position_ = std::find_if(start, last_, [](char c) { return c == ',' || IsBlank(c) || IsLineEnd(c); });
+    const char* const end = position_;
+    SkipBehindField();
+    return {start, static_cast<std::size_t>(end - start)};
+}
+
 std::string_view FieldReader::ReadLine() {
     if (position_ == last_) throw Failure(FailureKind::InputPastEnd, name_);
     const char* const start = position_;

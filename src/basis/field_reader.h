@@ -24,6 +24,10 @@ public:
     /// end. InputPastEnd as above.
     std::string ReadText();
 
+    /// The next field up to a comma, blank or line end, as it stands; empty where a comma comes with nothing
+    /// before it. InputPastEnd as above.
+    std::string_view ReadToken();
+
     /// The rest of the current line without its line end. InputPastEnd at the end of the text.
     std::string_view ReadLine();
 

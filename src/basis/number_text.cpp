@@ -215,6 +215,8 @@ const char* ScanPlainDecimal(const char* p, const char* last, double& value) {
 
 char* AppendRecordText(char* buffer, double value) { return AppendNumber(buffer, value, 15, false); }
 
+char* AppendGeneralText(char* buffer, double value) { return AppendNumber(buffer, value, 15, true); }
+
 char* AppendRecordText(char* buffer, long long value) {
     return std::to_chars(buffer, buffer + kNumberTextMax, value).ptr;
 }

@@ -20,6 +20,9 @@ char* AppendRecordText(char* buffer, double value);
 /// The same for whole numbers, which is the common case of counts.
 char* AppendRecordText(char* buffer, long long value);
 
+/// Writes GeneralText(value) to `buffer`; returns the end.
+char* AppendGeneralText(char* buffer, double value);
+
 /// General form, as joined into names, labels and text boxes: as RecordText with a zero before the point.
 std::string GeneralText(double value);
 

@@ -6,6 +6,7 @@
 #include "ui_frmAbout.h"
 #include "ui_frmCSVView.h"
 #include "ui_frmDefDir.h"
+#include "ui_frmPtCloud.h"
 #include "ui_frmSaveFile.h"
 #include "ui_frmStartup.h"
 
@@ -23,11 +24,12 @@ struct FormLayout {
     void (*SetUp)(QWidget& window);
 };
 
-constexpr std::array<FormLayout, 5> kLayouts{{
+constexpr std::array<FormLayout, 6> kLayouts{{
     {"frmStartup", SetUp<Ui::frmStartup>},
     {"frmDefDir", SetUp<Ui::frmDefDir>},
     {"frmAbout", SetUp<Ui::frmAbout>},
     {"frmSaveFile", SetUp<Ui::frmSaveFile>},
+    {"frmPtCloud", SetUp<Ui::frmPtCloud>},
     {"frmCSVView", SetUp<Ui::frmCSVView>},
 }};
 

@@ -38,6 +38,8 @@ bool VrmlWidget::LoadScene(const std::string& file) {
     }
     const bool canDraw = CanDraw();
     if (canDraw && canvas_ == nullptr) {
+        // The window is made anew to be painted by OpenGL: it has to know its place to come back there.
+        window()->setGeometry(window()->geometry());
         canvas_ = new VrmlCanvas(this);
         pages_->addWidget(canvas_);
     }

@@ -50,7 +50,8 @@ CROWNLAB_INLINE bool InnerCells(const RowPointers& r, const AspectSlopeOptions& 
         const double dzdy = (nw + 2 * n + ne - sw - 2 * s - se) / 8;
         const double slope = std::sqrt(dzdy * dzdy + dzdx * dzdx) / step;
         double aspect = Orientation(dzdx, dzdy);
-        if constexpr (UseMinSlope) aspect = options.MinSlope > ArcTangent(slope) * kSlopeDegrees ? kBelowMinSlope : aspect;
+        if constexpr (UseMinSlope)
+            aspect = options.MinSlope > ArcTangent(slope) * kSlopeDegrees ? kBelowMinSlope : aspect;
         overflows += static_cast<long long>(!empty & !(slope <= largest));
         r.Slope[i] = empty ? kEmptyCellZ : slope;
         r.Aspect[i] = empty ? kEmptyCellZ : aspect;
@@ -62,14 +63,15 @@ CROWNLAB_WIDE bool InnerCellsPlain(const RowPointers& r, const AspectSlopeOption
     return InnerCells<false>(r, options, first, last);
 }
 
-CROWNLAB_WIDE bool InnerCellsWithMinSlope(const RowPointers& r, const AspectSlopeOptions& options, int first, int last) {
+CROWNLAB_WIDE bool InnerCellsWithMinSlope(const RowPointers& r, const AspectSlopeOptions& options, int first,
+                                          int last) {
     return InnerCells<true>(r, options, first, last);
 }
 
 }  // namespace
 
-void AspectSlopeCells(const SurfaceGrid& work, const AspectSlopeOptions& options, int row, int firstColumn, int lastColumn,
-                      SurfaceGrid& slope, SurfaceGrid& aspect) {
+void AspectSlopeCells(const SurfaceGrid& work, const AspectSlopeOptions& options, int row, int firstColumn,
+                      int lastColumn, SurfaceGrid& slope, SurfaceGrid& aspect) {
     if (options.StepX == 0) throw Failure(FailureKind::DivisionByZero, "StepX");
     const std::size_t start = work.At(1, row);
     const bool edgeRow = row == 1 || row == work.NumY;

@@ -8,9 +8,9 @@ namespace crownlab {
 inline constexpr double kBelowMinSlope = -1;
 
 struct AspectSlopeOptions {
-    double StepX = 0;         ///< grid step, in the units of x and z; it serves both axes
+    double StepX = 0;  ///< grid step, in the units of x and z; it serves both axes
     bool UseMinSlope = false;
-    double MinSlope = 0;      ///< degrees; a cell of exactly this slope keeps its orientation
+    double MinSlope = 0;  ///< degrees; a cell of exactly this slope keeps its orientation
 };
 
 /// Slope and orientation of the cells (firstColumn, row) to (lastColumn, row) of `work`, written to the
@@ -25,8 +25,8 @@ struct AspectSlopeOptions {
 ///     SW S SE
 ///
 /// Throws Overflow if a slope isn't finite, DivisionByZero for a step of 0.
-void AspectSlopeCells(const SurfaceGrid& work, const AspectSlopeOptions& options, int row, int firstColumn, int lastColumn,
-                      SurfaceGrid& slope, SurfaceGrid& aspect);
+void AspectSlopeCells(const SurfaceGrid& work, const AspectSlopeOptions& options, int row, int firstColumn,
+                      int lastColumn, SurfaceGrid& slope, SurfaceGrid& aspect);
 
 /// All cells of all rows.
 void AspectSlope(const SurfaceGrid& work, const AspectSlopeOptions& options, SurfaceGrid& slope, SurfaceGrid& aspect);

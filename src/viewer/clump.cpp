@@ -51,7 +51,8 @@ std::int16_t FirstLabel(const std::vector<double>& category, const std::vector<s
 /// Enters one pair of unequal labels.
 void EnterPair(std::int16_t a, std::int16_t b, std::vector<std::int16_t>& table) {
     const std::int16_t greater = std::max(a, b);
-    if (static_cast<std::size_t>(greater) >= table.size()) throw Failure(FailureKind::SubscriptOutOfRange, "EquivTable");
+    if (static_cast<std::size_t>(greater) >= table.size())
+        throw Failure(FailureKind::SubscriptOutOfRange, "EquivTable");
     table[static_cast<std::size_t>(greater)] = std::min(a, b);
 }
 
@@ -87,7 +88,8 @@ bool RowHasPairs(const EquivScan& scan, std::size_t start, bool hasNextRow) {
 }
 
 EquivScan ScanOf(const std::vector<double>& category, const LabelGrid& labels) {
-    return {category.data(), labels.Labels.data(), static_cast<std::size_t>(labels.NumX), static_cast<std::size_t>(labels.NumY)};
+    return {category.data(), labels.Labels.data(), static_cast<std::size_t>(labels.NumX),
+            static_cast<std::size_t>(labels.NumY)};
 }
 
 std::vector<std::size_t> FindCellsWithPairs(const EquivScan& scan) {
@@ -219,16 +221,16 @@ FirstLabelsResult FirstLabels(const std::vector<double>& category, const Surface
 }
 
 std::size_t ScanPosition(Pass pass, int numX, int numY, int column, int row) {
-    return PositionOf(pass, static_cast<std::size_t>(numX), static_cast<std::size_t>(numY), static_cast<std::size_t>(column - 1),
-                      static_cast<std::size_t>(row - 1));
+    return PositionOf(pass, static_cast<std::size_t>(numX), static_cast<std::size_t>(numY),
+                      static_cast<std::size_t>(column - 1), static_cast<std::size_t>(row - 1));
 }
 
 std::vector<std::size_t> CellsWithPairs(const std::vector<double>& category, const LabelGrid& labels) {
     return FindCellsWithPairs(ScanOf(category, labels));
 }
 
-void FindEquiv(const std::vector<double>& category, const LabelGrid& labels, const std::vector<std::size_t>& cells, Pass pass,
-               std::size_t first, std::size_t last, std::vector<std::int16_t>& equivTable) {
+void FindEquiv(const std::vector<double>& category, const LabelGrid& labels, const std::vector<std::size_t>& cells,
+               Pass pass, std::size_t first, std::size_t last, std::vector<std::int16_t>& equivTable) {
     const EquivScan scan = ScanOf(category, labels);
     struct Visit {
         std::size_t Position;

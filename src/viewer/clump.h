@@ -19,7 +19,7 @@ namespace crownlab {
 struct ClassRule {
     int NumCategories = 0;
     double HalfSector = 0;
-    int SectorWidth = 0;  ///< 0 is DivisionByZero
+    int SectorWidth = 0;     ///< 0 is DivisionByZero
     bool VoidHoriz = false;  ///< cells below the minimum slope have no category (else one of their own)
 };
 
@@ -67,8 +67,8 @@ std::vector<std::size_t> CellsWithPairs(const std::vector<double>& category, con
 /// each of the four side neighbours (y+1, y-1, x+1, x-1, in this order) with the same category and another
 /// label, the greater label gets the smaller as its entry, replacing any it had. SubscriptOutOfRange for a
 /// label that the table has no room for.
-void FindEquiv(const std::vector<double>& category, const LabelGrid& labels, const std::vector<std::size_t>& cells, Pass pass,
-               std::size_t first, std::size_t last, std::vector<std::int16_t>& equivTable);
+void FindEquiv(const std::vector<double>& category, const LabelGrid& labels, const std::vector<std::size_t>& cells,
+               Pass pass, std::size_t first, std::size_t last, std::vector<std::int16_t>& equivTable);
 
 /// Shortens chains: for k from `from` down to `to`, with m the entry of k and t the entry of m, neither 0,
 /// every entry m becomes t. Near-linear in the number of labels; same result as the plain loops, as an

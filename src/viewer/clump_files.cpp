@@ -16,8 +16,8 @@ void WriteHeaderItems(ResultFile& file) {
 
 void WriteValueItems(ResultFile& file, const ClumpReport& report) {
     const SummaryStatsResult& sizes = report.Sizes;
-    file.Record(report.Result->ClumpInfo, static_cast<int>(report.Result->ClumpSizes.size()), sizes.Mean, sizes.SD, sizes.Min,
-                sizes.Max, sizes.Median, sizes.Quartile1, sizes.Quartile3, report.Result->PatchDiversity);
+    file.Record(report.Result->ClumpInfo, static_cast<int>(report.Result->ClumpSizes.size()), sizes.Mean, sizes.SD,
+                sizes.Min, sizes.Max, sizes.Median, sizes.Quartile1, sizes.Quartile3, report.Result->PatchDiversity);
 }
 
 }  // namespace

@@ -29,7 +29,8 @@ SurfaceGrid ContourBySteps(const SurfaceGrid& work, double stepX, double zMin, d
 
 SurfaceGrid ContourByRange(const SurfaceGrid& work, double zMin, double zMax, double parts) {
     const double height = (zMax - zMin) / parts;
-    return Banded(work, [&](double z) -> double { return ToInt16(Divide(z - zMin, height, "z range"), "ContourLevel"); });
+    return Banded(work,
+                  [&](double z) -> double { return ToInt16(Divide(z - zMin, height, "z range"), "ContourLevel"); });
 }
 
 }  // namespace crownlab

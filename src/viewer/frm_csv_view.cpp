@@ -18,17 +18,22 @@ void File1_Click(FrmCSVView& form) {
 }
 
 void RegisterChooser(FrmCSVView& form) {
-    form.On("Drive1_Change", +[](FrmCSVView& f) { DriveChosen(Lists(f)); });
-    form.On("Dir1_Change", +[](FrmCSVView& f) { FolderChosen(Lists(f)); });
+    form.On(
+        "Drive1_Change", +[](FrmCSVView& f) { DriveChosen(Lists(f)); });
+    form.On(
+        "Dir1_Change", +[](FrmCSVView& f) { FolderChosen(Lists(f)); });
     form.On("File1_Click", File1_Click);
     form.On("File1_DblClick", cmdReadCSV_Click);
-    form.On("Command3_Click", +[](FrmCSVView& f) { GoToDefaultDir(f.Shell, Lists(f)); });
-    form.On("cmdExit_Click", +[](FrmCSVView& f) { f.App.Windows->Unload(f.Name); });
+    form.On(
+        "Command3_Click", +[](FrmCSVView& f) { GoToDefaultDir(f.Shell, Lists(f)); });
+    form.On(
+        "cmdExit_Click", +[](FrmCSVView& f) { f.App.Windows->Unload(f.Name); });
 }
 
 }  // namespace
 
-FrmCSVView::FrmCSVView(Services& services, ShellState& shell) : Form(services, "frmCSVView", "CSV Viewer"), Shell(shell) {
+FrmCSVView::FrmCSVView(Services& services, ShellState& shell)
+    : Form(services, "frmCSVView", "CSV Viewer"), Shell(shell) {
     picBoxU.OffScreen = true;
     RegisterChooser(*this);
     RegisterReading(*this);
@@ -41,13 +46,14 @@ FrmCSVView::FrmCSVView(Services& services, ShellState& shell) : Form(services, "
     RegisterModelFiles(*this);
     RegisterOutputs(*this);
     RegisterBatch(*this);
-    On("Form_Load", +[](FrmCSVView& form) {
-        form.Path.Text = form.Dir1.Path;
-        form.cmbPicBoxCopyFrom.Selected = 0;
-        form.cmbPicBoxCopyTo.Selected = 2;
-        TakeScrollBarValues(form);
-        UpdateClumpName(form);
-    });
+    On(
+        "Form_Load", +[](FrmCSVView& form) {
+            form.Path.Text = form.Dir1.Path;
+            form.cmbPicBoxCopyFrom.Selected = 0;
+            form.cmbPicBoxCopyTo.Selected = 2;
+            TakeScrollBarValues(form);
+            UpdateClumpName(form);
+        });
 }
 
 PictureBox& FrmCSVView::SlotBox(int slot) {

@@ -59,12 +59,13 @@ Rendering RenderByKind(FrmCSVView& form, const ValueRange& range) {
     const ViewerState& state = form.State;
     if (state.ProcessKind == "Aspect") {
         constexpr double drawnCategories = 8;
-        return form.txtAspectNoCat.Number() == drawnCategories ? RenderAspect(state.ProcGrid) : RenderBlack(state.ProcGrid);
+        return form.txtAspectNoCat.Number() == drawnCategories ? RenderAspect(state.ProcGrid)
+                                                               : RenderBlack(state.ProcGrid);
     }
     if (state.ProcessKind == "Slope") {
-        return RenderSlope(state.ProcGrid, {.Max = range.Max,
-                                            .UseMinSlope = form.chkUseMinSlope.Checked,
-                                            .MinSlope = form.txtMinSlope.Number()});
+        return RenderSlope(
+            state.ProcGrid,
+            {.Max = range.Max, .UseMinSlope = form.chkUseMinSlope.Checked, .MinSlope = form.txtMinSlope.Number()});
     }
     if (state.ProcessKind == "ShadedRelief") {
         RequireSameSize(state.SlopeGrid, state.ProcGrid);
@@ -129,7 +130,8 @@ void RenderProcGrid(FrmCSVView& form) {
     state.ProcZMax = range.Max;
     Rendering rendering = RenderByKind(form, range);
     state.RenderValue = std::move(rendering.Values);
-    ShowRaster(form, std::move(rendering.Picture), form.picBoxP, state.ProcGrid.NumX, state.ProcGrid.NumY, kWorkLongSide);
+    ShowRaster(form, std::move(rendering.Picture), form.picBoxP, state.ProcGrid.NumX, state.ProcGrid.NumY,
+               kWorkLongSide);
     SaveOrientationImage(form);
     state.BoxP = ScaleOf(form.picBoxP, range.Min, range.Max);
 }
@@ -153,13 +155,20 @@ void TakeScrollBarValues(FrmCSVView& form) {
 
 void RegisterAspectSlope(FrmCSVView& form) {
     form.On("cmdProcAspectSlope_Click", cmdProcAspectSlope_Click);
-    form.On("vscSRHoriz_Change", +[](FrmCSVView& f) { FollowBar(f.txtSRHoriz, f.vscSRHoriz); });
-    form.On("vscSRVert_Change", +[](FrmCSVView& f) { FollowBar(f.txtSRVert, f.vscSRVert); });
-    form.On("vscSRb_Change", +[](FrmCSVView& f) { FollowBar(f.txtSRb, f.vscSRb); });
-    form.On("vscSRw_Change", +[](FrmCSVView& f) { FollowBar(f.txtSRw, f.vscSRw); });
-    form.On("txtSRHoriz_Change", +[](FrmCSVView& f) { FollowText(f.vscSRHoriz, f.txtSRHoriz); });
-    form.On("txtSRVert_Change", +[](FrmCSVView& f) { FollowText(f.vscSRVert, f.txtSRVert); });
-    form.On("txtSRb_Change", +[](FrmCSVView& f) { FollowText(f.vscSRb, f.txtSRb); });
+    form.On(
+        "vscSRHoriz_Change", +[](FrmCSVView& f) { FollowBar(f.txtSRHoriz, f.vscSRHoriz); });
+    form.On(
+        "vscSRVert_Change", +[](FrmCSVView& f) { FollowBar(f.txtSRVert, f.vscSRVert); });
+    form.On(
+        "vscSRb_Change", +[](FrmCSVView& f) { FollowBar(f.txtSRb, f.vscSRb); });
+    form.On(
+        "vscSRw_Change", +[](FrmCSVView& f) { FollowBar(f.txtSRw, f.vscSRw); });
+    form.On(
+        "txtSRHoriz_Change", +[](FrmCSVView& f) { FollowText(f.vscSRHoriz, f.txtSRHoriz); });
+    form.On(
+        "txtSRVert_Change", +[](FrmCSVView& f) { FollowText(f.vscSRVert, f.txtSRVert); });
+    form.On(
+        "txtSRb_Change", +[](FrmCSVView& f) { FollowText(f.vscSRb, f.txtSRb); });
 }
 
 }  // namespace crownlab

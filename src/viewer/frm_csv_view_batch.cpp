@@ -49,9 +49,12 @@ void ProcessAllFiles(FrmCSVView& form, BatchKind kind) {
 }
 
 void RegisterBatch(FrmCSVView& form) {
-    form.On("cmdProcClumpAllFiles_Click", +[](FrmCSVView& f) { RunBatch(f, BatchKind::Clump); });
-    form.On("cmdProcAspectSlopeAllFiles_Click", +[](FrmCSVView& f) { RunBatch(f, BatchKind::AspectSlope); });
-    form.On("cmdProcContourAllFiles_Click", +[](FrmCSVView& f) { RunBatch(f, BatchKind::Contour); });
+    form.On(
+        "cmdProcClumpAllFiles_Click", +[](FrmCSVView& f) { RunBatch(f, BatchKind::Clump); });
+    form.On(
+        "cmdProcAspectSlopeAllFiles_Click", +[](FrmCSVView& f) { RunBatch(f, BatchKind::AspectSlope); });
+    form.On(
+        "cmdProcContourAllFiles_Click", +[](FrmCSVView& f) { RunBatch(f, BatchKind::Contour); });
 }
 
 }  // namespace crownlab

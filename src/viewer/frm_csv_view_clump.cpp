@@ -23,7 +23,8 @@ constexpr int kFinalLevel = 7;
 /// A stage of the count as it stands now; other handlers may have made all stages anew.
 std::shared_ptr<const LabelGrid> LevelOf(const ViewerState& state, int level, int numX, int numY) {
     const std::shared_ptr<const LabelGrid> grid = state.Stack.Level[static_cast<std::size_t>(level)];
-    const bool fits = grid && grid->NumX >= numX && grid->NumY >= numY && state.Stack.Category.size() == grid->Labels.size();
+    const bool fits =
+        grid && grid->NumX >= numX && grid->NumY >= numY && state.Stack.Category.size() == grid->Labels.size();
     if (!fits) throw Failure(FailureKind::SubscriptOutOfRange, "ClumpStack");
     return grid;
 }
@@ -133,7 +134,8 @@ void MergeLabels(FrmCSVView& form) {
 
 void CountClumps(FrmCSVView& form) {
     ViewerState& state = form.State;
-    const std::shared_ptr<const LabelGrid> labels = LevelOf(state, kFinalLevel - 1, state.ProcGrid.NumX, state.ProcGrid.NumY);
+    const std::shared_ptr<const LabelGrid> labels =
+        LevelOf(state, kFinalLevel - 1, state.ProcGrid.NumX, state.ProcGrid.NumY);
     const int minClumpSize = ToInt16(form.txtMinClumpSize.Number(), "MinClumpSize");
     ClumpSelection selection = SelectClumps(*labels, state.NumLabels, minClumpSize);
     form.lblNoClumps.Caption = std::to_string(selection.ClumpSizes.size());
@@ -199,7 +201,8 @@ void RegisterClump(FrmCSVView& form) {
                                      "chkUseMinSlope", "chkVoidHoriz"}) {
         form.On(std::string(option) + "_Click", UpdateClumpName);
     }
-    for (const char* const box : {"txtAspectNoCat", "txtContourScaleR", "txtContourScaleZ", "txtMinClumpSize", "txtMinSlope"}) {
+    for (const char* const box :
+         {"txtAspectNoCat", "txtContourScaleR", "txtContourScaleZ", "txtMinClumpSize", "txtMinSlope"}) {
         form.On(std::string(box) + "_Change", UpdateClumpName);
     }
 }

@@ -85,7 +85,8 @@ void picBoxP_MouseMove(FrmCSVView& form, double x, double y) {
     ShowCellUnder(state.BoxP, state.ProcGrid, x, y,
                   {form.lblX_P, form.lblY_P, form.lblZ_P, form.lblXR_P, form.lblYR_P, form.lblZR_P}, [&](int c, int t) {
                       const std::size_t at = state.ProcGrid.At(c, t);
-                      if (at >= state.RenderValue.size()) throw Failure(FailureKind::SubscriptOutOfRange, "RenderValue");
+                      if (at >= state.RenderValue.size())
+                          throw Failure(FailureKind::SubscriptOutOfRange, "RenderValue");
                       return static_cast<double>(state.RenderValue[at]);
                   });
 }
@@ -109,11 +110,13 @@ void SizeWorkingArrays(ViewerState& state) {
 /// the render of the last process would misread.
 void ViewCopiedResult(FrmCSVView& form) {
     ViewerState& state = form.State;
-    const GreyOptions options{.ZMin = state.ProcZMin, .ZMax = state.ProcZMax, .Threshold = {}, .EmptyRangeFails = false};
+    const GreyOptions options{
+        .ZMin = state.ProcZMin, .ZMax = state.ProcZMax, .Threshold = {}, .EmptyRangeFails = false};
     Raster raster = DrawGrey(state.ProcGrid, options);
     state.RenderValue.resize(state.ProcGrid.Size());
     for (int t = 1; t <= state.ProcGrid.NumY; ++t) {
-        for (int i = 1; i <= state.ProcGrid.NumX; ++i) state.RenderValue[state.ProcGrid.At(i, t)] = raster.At(i - 1, t - 1).Red;
+        for (int i = 1; i <= state.ProcGrid.NumX; ++i)
+            state.RenderValue[state.ProcGrid.At(i, t)] = raster.At(i - 1, t - 1).Red;
     }
     ShowRaster(form, std::move(raster), form.picBoxP, state.ProcGrid.NumX, state.ProcGrid.NumY, kWorkLongSide);
     state.BoxP = ScaleOf(form.picBoxP, state.ProcZMin, state.ProcZMax);
@@ -162,7 +165,8 @@ void cmdICopy_Click(FrmCSVView& form) {
 void ViewWorkGrid(FrmCSVView& form) {
     ViewerState& state = form.State;
     state.WorkGrid.RequireCells("WorkGrid");
-    Raster raster = DrawGrey(state.WorkGrid, {.ZMin = state.WorkZMin, .ZMax = state.WorkZMax, .Threshold = {}, .EmptyRangeFails = true});
+    Raster raster = DrawGrey(
+        state.WorkGrid, {.ZMin = state.WorkZMin, .ZMax = state.WorkZMax, .Threshold = {}, .EmptyRangeFails = true});
     ShowRaster(form, std::move(raster), form.picBoxW, state.WorkGrid.NumX, state.WorkGrid.NumY, kWorkLongSide);
     state.BoxW = ScaleOf(form.picBoxW, state.WorkZMin, state.WorkZMax);
 }

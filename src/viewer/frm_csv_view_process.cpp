@@ -19,8 +19,8 @@ bool TakeContourValue(FrmCSVView& form, const TextBox& box, double& value) {
 }
 
 std::string ContourImagePath(const FrmCSVView& form) {
-    const std::string suffix = form.optContourScaleZ.Selected ? "-con" + form.txtContourScaleZ.Text
-                                                              : "-cor" + form.txtContourScaleR.Text;
+    const std::string suffix =
+        form.optContourScaleZ.Selected ? "-con" + form.txtContourScaleZ.Text : "-cor" + form.txtContourScaleR.Text;
     return form.State.Names.Stem + suffix + ".bmp";
 }
 
@@ -128,7 +128,8 @@ void cmdImageOutput_Click(FrmCSVView& form) {
 
 void cmdImageProcOutput_Click(FrmCSVView& form) {
     if (!form.picBoxP.Image) throw Failure(FailureKind::SubscriptOutOfRange, "picBoxP");
-    SaveBitmap(*form.App.Files, *form.picBoxP.Image, form.State.Names.Stem + form.txtImageProcExportAddText.Text + ".bmp");
+    SaveBitmap(*form.App.Files, *form.picBoxP.Image,
+               form.State.Names.Stem + form.txtImageProcExportAddText.Text + ".bmp");
 }
 
 void RegisterProcessing(FrmCSVView& form) {

@@ -54,7 +54,7 @@ void cmdReadCSV_Click(FrmCSVView& form) {
     if (NoFileChosen(form)) return;
     TakeSurfaceNames(form);
     ViewerState& state = form.State;
-    state.PointList = ReadSurfacePoints(state.Names.FileName);
+    state.PointList = ReadPointText(state.Names.FileName);
     state.Data = FindSurfaceExtents(state.PointList, form.chkOrigModelFile.Checked, state.ZOrigin);
     const SurfaceSteps steps = FindSteps(state.PointList);
     state.StepX = steps.X;

@@ -34,7 +34,9 @@ Rendering EmptyRendering(const SurfaceGrid& grid) {
     return rendering;
 }
 
-std::uint8_t ColourPart(double value) { return static_cast<std::uint8_t>(std::clamp(RoundHalfEven(value), 0.0, 255.0)); }
+std::uint8_t ColourPart(double value) {
+    return static_cast<std::uint8_t>(std::clamp(RoundHalfEven(value), 0.0, 255.0));
+}
 
 /// A rendered value as kept for the read-out; beyond 32 bits the nearest there is.
 std::int32_t KeptValue(double value) {
@@ -75,7 +77,8 @@ Pixel ColourPixel(Colour colour) { return {colour, static_cast<std::int32_t>(Pac
 Pixel SectorPixel(double z) {
     if (z == kBelowMinSlope) return ColourPixel(kBelowMinColour);
     if (!(z >= 0 && z <= 360)) return {};
-    const int sector = (z > 22.5) + (z > 67.5) + (z > 112.5) + (z > 157.5) + (z > 202.5) + (z > 247.5) + (z > 292.5) + (z > 337.5);
+    const int sector =
+        (z > 22.5) + (z > 67.5) + (z > 112.5) + (z > 157.5) + (z > 202.5) + (z > 247.5) + (z > 292.5) + (z > 337.5);
     return ColourPixel(kSectorColours[static_cast<std::size_t>(sector)]);
 }
 
@@ -109,7 +112,8 @@ ValueRange RangeOf(const SurfaceGrid& grid) {
 }
 
 Rendering RenderAspect(const SurfaceGrid& aspect) {
-    return Draw(aspect, [&](std::size_t at) { return aspect.Z[at] == kEmptyCellZ ? Pixel{} : SectorPixel(aspect.Z[at]); });
+    return Draw(aspect,
+                [&](std::size_t at) { return aspect.Z[at] == kEmptyCellZ ? Pixel{} : SectorPixel(aspect.Z[at]); });
 }
 
 Rendering RenderBlack(const SurfaceGrid& grid) {

@@ -2,11 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
-#include "basis/field_reader.h"
 #include "basis/memory_limit.h"
-#include "basis/paths.h"
 #include "basis/result_file.h"
 #include "basis/rounding.h"
 
@@ -95,34 +92,16 @@ int CountOfCells(double low, double high, double step, const char* name) {
 
 }  // namespace
 
-std::vector<SurfacePoint> ReadSurfacePoints(const std::string& path) {
-    const FileText file = ReadFileText(path);
-    const std::string_view text = file.View();
-    const std::uint64_t lines = CountLines(text);
-    if (lines == 0) throw Failure(FailureKind::SubscriptOutOfRange, path + " has no lines");
-    if (lines > static_cast<std::uint64_t>(std::numeric_limits<std::int32_t>::max())) {
-        throw Failure(FailureKind::Overflow, "NumPoints");
-    }
-    RequireMemory(lines * sizeof(SurfacePoint), path);
-    std::vector<SurfacePoint> points;
-    points.reserve(static_cast<std::size_t>(lines));
-    HintLargePages(points.data(), points.capacity() * sizeof(SurfacePoint));
-    FieldReader reader(text, path);
-    for (std::uint64_t i = 0; i < lines; ++i) {
-        SurfacePoint& p = points.emplace_back();
-        p.x = reader.ReadNumber();
-        p.y = reader.ReadNumber();
-        p.z = reader.ReadNumber();
-    }
-    return points;
-}
-
 SurfaceExtents FindSurfaceExtents(std::vector<SurfacePoint>& points, bool originalModelFile, double& zOrigin) {
     if (originalModelFile) {
         for (SurfacePoint& p : points) p.z = -p.z;
     }
-    SurfaceExtents extents{.XMin = kExtentStart, .XMax = -kExtentStart, .YMin = kExtentStart,
-                           .YMax = -kExtentStart, .ZMin = kExtentStart, .ZMax = -kExtentStart};
+    SurfaceExtents extents{.XMin = kExtentStart,
+                           .XMax = -kExtentStart,
+                           .YMin = kExtentStart,
+                           .YMax = -kExtentStart,
+                           .ZMin = kExtentStart,
+                           .ZMax = -kExtentStart};
     FindPlaneExtents(points, extents);
     FillBlanks(points, extents);
     if (originalModelFile) {
@@ -181,7 +160,8 @@ SurfaceGrid BuildCells(const std::vector<SurfacePoint>& points, const GridLimits
 void WriteSurfaceFile(FileTable& files, const std::string& path, const SurfaceGrid& grid) {
     ResultFile file(files, path);
     grid.RequireCells("CellGrid");
-    for (std::size_t at = 0; at < grid.Size(); ++at) file.Record((*grid.Places)[at].x, (*grid.Places)[at].y, grid.Z[at]);
+    for (std::size_t at = 0; at < grid.Size(); ++at)
+        file.Record((*grid.Places)[at].x, (*grid.Places)[at].y, grid.Z[at]);
     file.Commit();
 }
 

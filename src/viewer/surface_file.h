@@ -13,12 +13,6 @@ class FileTable;
 /// Spacing that a search starts from; a result of this size means that none was found.
 inline constexpr double kNoStep = 10000;
 
-/// Reads a surface file: as many x, y, z triples as the file has lines, fields separated by commas, blanks
-/// or line ends. A short line shifts the following values. Throws InputPastEnd if values run out,
-/// TypeMismatch for what isn't a number, SubscriptOutOfRange for a file without a line, and what reading a
-/// file throws.
-std::vector<SurfacePoint> ReadSurfacePoints(const std::string& path);
-
 /// Computes the extents of `points` and makes their z fit for use: z above 1e36 (a blank of the source
 /// grid) becomes the lowest z. With `originalModelFile` each z is negated first and in the end lifted so
 /// that the lowest is 0; `zOrigin` then takes the amount subtracted.

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "basis/failure.h"
+#include "formats/point_text.h"
 
 namespace crownlab {
 
@@ -14,12 +15,7 @@ namespace crownlab {
 inline constexpr double kEmptyCellZ = 9999;
 
 /// One point of a surface, in the file's own units (usually millimetres).
-struct SurfacePoint {
-    double x = 0;
-    double y = 0;
-    double z = 0;
-    friend bool operator==(const SurfacePoint&, const SurfacePoint&) = default;
-};
+using SurfacePoint = CloudPoint;
 
 /// Where a cell lies in the plane.
 struct Place {
@@ -45,12 +41,14 @@ struct SurfaceGrid {
 
     SurfaceGrid() = default;
     /// z of all cells is `z`; the places are those of `like`.
-    SurfaceGrid(const SurfaceGrid& like, double z) : NumX(like.NumX), NumY(like.NumY), Places(like.Places), Z(like.Z.size(), z) {}
+    SurfaceGrid(const SurfaceGrid& like, double z)
+        : NumX(like.NumX), NumY(like.NumY), Places(like.Places), Z(like.Z.size(), z) {}
 
     bool Empty() const { return Z.empty(); }
     std::size_t Size() const { return Z.size(); }
     std::size_t At(int column, int row) const {
-        return static_cast<std::size_t>(row - 1) * static_cast<std::size_t>(NumX) + static_cast<std::size_t>(column - 1);
+        return static_cast<std::size_t>(row - 1) * static_cast<std::size_t>(NumX) +
+               static_cast<std::size_t>(column - 1);
     }
     double z(int column, int row) const { return Z[At(column, row)]; }
     double& z(int column, int row) { return Z[At(column, row)]; }

@@ -63,7 +63,7 @@ struct BoxScale {
     bool Drawn = false;  ///< the read-out works
     int Width = 0;       ///< display pixels
     int Height = 0;
-    double ZMin = 0;     ///< limits of the grey scale as drawn; equal: all greys are 0
+    double ZMin = 0;  ///< limits of the grey scale as drawn; equal: all greys are 0
     double ZMax = 0;
 };
 
@@ -71,7 +71,7 @@ struct BoxScale {
 struct ClumpStack {
     int NumX = 0;
     int NumY = 0;
-    std::vector<double> Category;  ///< level 1; kEmptyCellZ for no value
+    std::vector<double> Category;                           ///< level 1; kEmptyCellZ for no value
     std::array<std::shared_ptr<const LabelGrid>, 8> Level;  ///< entries 2 to 7 are used
 };
 
@@ -151,8 +151,9 @@ struct ViewerState {
     bool VrmlActive = false;
 
     // Multi-tooth files.
-    std::vector<Tooth> Teeth;  ///< as many as are allowed in memory, those behind NumTeeth empty; none before the first read
-    int NumTeeth = 0;          ///< teeth of the file
+    std::vector<Tooth>
+        Teeth;         ///< as many as are allowed in memory, those behind NumTeeth empty; none before the first read
+    int NumTeeth = 0;  ///< teeth of the file
     std::string GridStepDirection;  ///< how x runs in the file (see FindToothSteps); nothing in the window tells it
     double AllZMin = 0;
     double AllZMax = 0;

@@ -127,6 +127,22 @@ TEST(FieldReader, KeepsEmptyLinesOfALineReader) {
     EXPECT_EQ(reader.ReadLine(), "a");
 }
 
+TEST(FieldReader, TokensEndAtCommasBlanksAndLineEnds) {
+    FieldReader reader("a b,c ,\td\r\n\n ]  \n,x", "a");
+    for (const std::string_view token : {"a", "b", "c", "d", "]", "", "x"}) EXPECT_EQ(reader.ReadToken(), token);
+    EXPECT_TRUE(reader.AtEnd());
+    EXPECT_TRUE(FailsWith(FailureKind::InputPastEnd, [&] { static_cast<void>(reader.ReadToken()); }));
+}
+
+TEST(FieldReader, NumbersAndLinesFollowTokens) {
+    FieldReader reader("[ 1 2,] rest \nnext", "a");
+    EXPECT_EQ(reader.ReadToken(), "[");
+    EXPECT_EQ(reader.ReadNumber(), 1);
+    EXPECT_EQ(reader.ReadNumber(), 2);
+    EXPECT_EQ(reader.ReadToken(), "]");
+    EXPECT_EQ(reader.ReadLine(), "rest ");
+}
+
 TEST(CountLines, CountsLineEndsAndALastLineWithoutOne) {
     EXPECT_EQ(CountLines(""), 0U);
     EXPECT_EQ(CountLines("a"), 1U);

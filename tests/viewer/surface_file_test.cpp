@@ -293,7 +293,7 @@ TEST(SurfaceFile, ReadsAsManyTriplesAsThereAreLines) {
     const TempFolder folder;
     const auto read = [&](const std::string& bytes) {
         PutFile(folder / "a.csv", bytes);
-        return ReadSurfacePoints(folder / "a.csv");
+        return ReadPointText(folder / "a.csv");
     };
     EXPECT_EQ(read("1,2,3\r\n4,5,6\r\n"), (std::vector<SurfacePoint>{{1, 2, 3}, {4, 5, 6}}));
     EXPECT_EQ(read("1 2 3\n4 , 5 ,6"), (std::vector<SurfacePoint>{{1, 2, 3}, {4, 5, 6}}));
@@ -303,7 +303,7 @@ TEST(SurfaceFile, ReadsAsManyTriplesAsThereAreLines) {
     EXPECT_TRUE(FailsWith(FailureKind::InputPastEnd, [&] { read("1,2,3\n\n"); }));
     EXPECT_TRUE(FailsWith(FailureKind::TypeMismatch, [&] { read("x,y,z\n1,2,3\n"); }));
     EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [&] { read(""); }));
-    EXPECT_TRUE(FailsWith(FailureKind::FileNotFound, [&] { ReadSurfacePoints(folder / "none.csv"); }));
+    EXPECT_TRUE(FailsWith(FailureKind::FileNotFound, [&] { ReadPointText(folder / "none.csv"); }));
 }
 
 TEST(SurfaceFile, WritesCellsRowByRow) {
