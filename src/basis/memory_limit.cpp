@@ -64,10 +64,12 @@ void HintLargePages(void* block, std::size_t bytes) {
     constexpr std::size_t worthIt = 8u << 20;
     if (bytes < worthIt) return;
     const auto page = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
-    const auto first = (reinterpret_cast<std::uintptr_t>(block) + page - 1) / page * page;
-    const auto last = (reinterpret_cast<std::uintptr_t>(block) + bytes) / page * page;
+    const auto start = reinterpret_cast<std::uintptr_t>(block);
+    const std::uintptr_t first = (start + page - 1) / page * page;
+    const std::uintptr_t last = (start + bytes) / page * page;
     // Only a hint: whether it is taken doesn't matter.
-    if (last > first) static_cast<void>(madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE));
+    if (last > first)
+        static_cast<void>(madvise(static_cast<char*>(block) + (first - start), last - first, MADV_HUGEPAGE));
 #else
     (void)block;
     (void)bytes;
