@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <limits>
+#include <vector>
 
 #include "support/expect_failure.h"
 
@@ -45,7 +46,7 @@ TEST(RequireMemory, RefusesWhatPassesTheBound) {
 #ifdef __linux__
 TEST(RequireMemory, CountsWhatTheProcessHoldsAlready) {
     const MemorySetting setting("200000000");
-    const std::string held(150000000, 'x');
+    const std::vector<char> held(150000000, 'x');
     EXPECT_TRUE(FailsWith(
         FailureKind::OutOfMemory, [] { RequireMemory(100000000, "grid"); }, "grid"));
     EXPECT_EQ(held.back(), 'x');

@@ -187,7 +187,8 @@ TEST_F(PathsTest, FileTimeTextIsLocal) {
     setenv("TZ", "UTC-2", 1);
     tzset();
     PutFile("a.csv", "");
-    const timespec times[2] = {{86400 * 365, 0}, {86400 * 365, 0}};
+    constexpr std::time_t oneYear = 31536000;  // seconds
+    const timespec times[2] = {{oneYear, 0}, {oneYear, 0}};
     ASSERT_EQ(utimensat(AT_FDCWD, "a.csv", times, 0), 0);
     EXPECT_EQ(FileTimeText("a.csv"), "1971-01-01 02:00:00");
     unsetenv("TZ");

@@ -179,9 +179,8 @@ TEST_F(ResultFileTest, RefusesAFolderThatIsWriteProtected) {
 /// As long as it lives no file of this process may grow beyond `bytes`, as on a disk that is full then.
 class SmallDisk {
 public:
-    explicit SmallDisk(rlim_t bytes) {
+    explicit SmallDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
         getrlimit(RLIMIT_FSIZE, &before_);
-        handler_ = std::signal(SIGXFSZ, SIG_IGN);
         const rlimit small{bytes, before_.rlim_max};
         setrlimit(RLIMIT_FSIZE, &small);
     }
@@ -194,7 +193,7 @@ public:
 
 private:
     rlimit before_{};
-    void (*handler_)(int) = SIG_DFL;
+    void (*handler_)(int);
 };
 
 TEST_F(ResultFileTest, KeepsTheOldFileWhenTheDiskIsFull) {
