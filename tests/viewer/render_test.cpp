@@ -62,8 +62,8 @@ SlowPixel SlowShadedPixel(double slope, double aspect, const Light& light) {
     const double az = light.Horiz * pi / 180;
     const double a = aspect == 9999 ? 0 : aspect * pi / 180;
     const double cosI = std::sin(s) * std::sin(z) * std::cos(a - az) + std::cos(z) * std::cos(s);
-    const double spec = std::pow(2 * cosI * std::cos(s) - std::cos(z), light.b);
-    const double g = 255 * (spec * (1 - light.w) + cosI * light.w);
+    const double specular = std::pow(2 * cosI * std::cos(s) - std::cos(z), light.b);
+    const double g = 255 * (specular * (1 - light.w) + cosI * light.w);
     return Grey(g <= 0 ? 0 : g);
 }
 
