@@ -116,7 +116,7 @@ void FixEquivInLevel(FrmCSVView& form, int level) {
         }
     }
     FixEquiv(*labels, state.EquivTable, done, cells, *fixed);
-    state.Stack.Level[static_cast<std::size_t>(level + 1)] = fixed;
+    state.Stack.Level[static_cast<std::size_t>(level) + 1] = fixed;
 }
 
 /// The four passes. Slot p shows the labels after pass p.
