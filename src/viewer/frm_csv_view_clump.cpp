@@ -22,7 +22,7 @@ constexpr int kFinalLevel = 7;
 
 /// A stage of the count as it stands now; other handlers may have made all stages anew.
 std::shared_ptr<const LabelGrid> LevelOf(const ViewerState& state, int level, int numX, int numY) {
-    const std::shared_ptr<const LabelGrid> grid = state.Stack.Level[static_cast<std::size_t>(level)];
+    std::shared_ptr<const LabelGrid> grid = state.Stack.Level[static_cast<std::size_t>(level)];
     const bool fits =
         grid && grid->NumX >= numX && grid->NumY >= numY && state.Stack.Category.size() == grid->Labels.size();
     if (!fits) throw Failure(FailureKind::SubscriptOutOfRange, "ClumpStack");
