@@ -13,7 +13,8 @@
 
 namespace crownlab {
 
-Application::Application(Desk& desk, std::string programFolder) {
+Application::Application(Desk& desk, std::string programFolder, ActiveObjects& objects) {
+    session_.Objects = &objects;
     shell_.ProgramFolder = std::move(programFolder);
     shell_.Surfer = &session_;
     shell_.Files = &files_;

@@ -16,7 +16,8 @@ class Failure;
 class Application {
 public:
     /// `programFolder` is the folder in which Crownlab.ini lies.
-    Application(Desk& desk, std::string programFolder);
+    /// `objects` is where the mapping program is found.
+    Application(Desk& desk, std::string programFolder, ActiveObjects& objects);
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
 

@@ -144,6 +144,12 @@ std::string PrintNumberText(double number) {
     return text + ' ';
 }
 
+std::string InZone(std::string item) {
+    constexpr std::size_t width = 14;
+    item.append((width - item.size() % width) % width, ' ');
+    return item;
+}
+
 void ResultFile::PrintNumber(double number) { Write(PrintNumberText(number)); }
 
 void ResultFile::Commit() {

@@ -91,6 +91,10 @@ private:
 /// The text that PrintNumber writes.
 std::string PrintNumberText(double number);
 
+/// A print item with the blanks that take the next item of its line to the next 14-column zone. The item has to
+/// start at the line's beginning or at a zone.
+std::string InZone(std::string item);
+
 /// Writes `content` as the whole file.
 void WriteWholeFile(FileTable& table, const std::string& path, std::string_view content);
 

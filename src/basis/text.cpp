@@ -73,4 +73,18 @@ std::string LessLast(std::string_view text, std::size_t count, std::string_view 
     return std::string(text.substr(0, text.size() - count));
 }
 
+std::string QuotedText(std::string_view text) {
+    std::string quoted = "\"";
+    for (const char c : text) {
+        switch (c) {
+            case '\n': quoted += "\\n"; break;
+            case '\r': quoted += "\\r"; break;
+            case '"': quoted += "\\\""; break;
+            case '\\': quoted += "\\\\"; break;
+            default: quoted += c;
+        }
+    }
+    return quoted + '"';
+}
+
 }  // namespace crownlab

@@ -17,6 +17,9 @@ bool LessNoCase(std::string_view a, std::string_view b);
 /// `text` without blanks at both ends.
 std::string Trimmed(std::string_view text);
 
+/// A text as output lines show it: in quotes, with \n, \r, \" and \\.
+std::string QuotedText(std::string_view text);
+
 /// True if `name` matches one of the patterns in `patterns` ("*.csv;*.dat"), where * stands for any text
 /// and ? for one character. Case is disregarded, and "*.*" means all.
 bool MatchesPattern(std::string_view name, std::string_view patterns);

@@ -189,9 +189,19 @@ void DesktopDesk::FormUnloaded(Form& form) {
     }
 }
 
-// Reaching into another program's windows comes with the sessions that need it; until then there is none to find.
-bool DesktopDesk::ActivateWindow(const std::string&) { return false; }
-void DesktopDesk::SendKeys(const std::string&) {}
+bool DesktopDesk::ActivateWindow(const std::string& processIdOrTitle) {
+    return keyTarget_ != nullptr && keyTarget_->ActivateWindow(processIdOrTitle);
+}
+
+void DesktopDesk::SendKeys(const std::string& keys) {
+    if (keyTarget_ != nullptr) keyTarget_->SendKeys(keys);
+}
+
+void DesktopDesk::CallRuns(std::string_view, double) { Redraw(); }
+
+void DesktopDesk::CallEnded() {}
+
+void DesktopDesk::SetClipboardText(const std::string& text) { QApplication::clipboard()->setText(ShownText(text)); }
 
 std::string DesktopDesk::ClipboardText() { return RecordText(QApplication::clipboard()->text()); }
 

@@ -11,6 +11,7 @@
 #include "desktop/form_window.h"
 #include "desktop/input_guard.h"
 #include "forms/desk.h"
+#include "surfer/automation.h"
 
 class QEventLoop;
 class QMessageBox;
@@ -26,7 +27,7 @@ enum class Pointer { Wait, Keep };
 inline constexpr int kStatusEndedByFailure = 3;
 
 /// The desk of the desktop program: windows, boxes and events of Qt.
-class DesktopDesk : public Desk {
+class DesktopDesk : public Desk, public EngineHost {
 public:
     /// `layout` lays windows out by the name of their form; `finish` ends the program's event loop with an exit status.
     DesktopDesk(FormWindow::LayoutMaker layout, std::function<void(int status)> finish);
@@ -36,6 +37,9 @@ public:
     int Run(Application& application);
     /// Loads and shows the main window.
     void Start(Application& application);
+
+    /// The program whose windows the keys reach.
+    void SetKeyTarget(AutomationServer& target) { keyTarget_ = &target; }
 
     /// Runs one act of the person, shows its failure if it has one, and copies all records to the screen.
     /// No exception leaves it: it is called out of Qt's event loop.
@@ -66,6 +70,10 @@ public:
     void OpenFile(const std::string& path) override;
     void ShowFailure(const Failure& failure) override;
 
+    void CallRuns(std::string_view member, double share) override;
+    void CallEnded() override;
+    void SetClipboardText(const std::string& text) override;
+
 private:
     struct Waiting;
 
@@ -89,6 +97,7 @@ private:
     FormWindow::LayoutMaker layout_;
     std::function<void(int)> finish_;
     int running_ = 0;
+    AutomationServer* keyTarget_ = nullptr;
     bool drawing_ = false;
     bool waitPointer_ = false;
     bool ending_ = false;

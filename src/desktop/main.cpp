@@ -7,6 +7,7 @@
 #include "desktop/form_layouts.h"
 #include "desktop/program_folder.h"
 #include "desktop/shown_text.h"
+#include "mapengine/map_engine.h"
 
 int main(int count, char** arguments) {
     QApplication qt(count, arguments);
@@ -17,8 +18,12 @@ int main(int count, char** arguments) {
 
     const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     crownlab::DesktopDesk desk(crownlab::SetUpLayout, [](int status) { QApplication::exit(status); });
-    crownlab::Application application(desk,
-                                      crownlab::ProgramFolder(crownlab::RecordText(QApplication::applicationDirPath()),
-                                                              crownlab::RecordText(config)));
+    crownlab::MapEngine engine(desk);
+    crownlab::ActiveObjects objects(engine);
+    desk.SetKeyTarget(engine);
+    crownlab::Application application(
+        desk,
+        crownlab::ProgramFolder(crownlab::RecordText(QApplication::applicationDirPath()), crownlab::RecordText(config)),
+        objects);
     return desk.Run(application);
 }

@@ -14,10 +14,17 @@ enum class Button { Ok, Cancel, Yes, No };
 
 std::string_view ButtonName(Button button);
 
+/// What a box waits for when a person is to digitise points on a map: the front end offers to open it.
+struct DigitiseOffer {
+    std::string Grid;       ///< grid to be shown, empty if no box of this kind
+    std::string PointFile;  ///< where the points are to be saved
+};
+
 struct MessageBox {
     std::string Text;
     std::string Title;  ///< empty: the desktop shows the program's name
     std::vector<Button> Buttons{Button::Ok};
+    DigitiseOffer Digitise{};
 };
 
 /// How a handler meets the person. The desktop and the script player each make one.

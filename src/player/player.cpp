@@ -11,7 +11,14 @@
 namespace crownlab {
 
 Player::Player(PlayerOptions options, LineSink print, LineSink complain)
-    : options_(std::move(options)), print_(std::move(print)), complain_(std::move(complain)), desk_(print_, files_) {
+    : options_(std::move(options)),
+      print_(std::move(print)),
+      complain_(std::move(complain)),
+      desk_(print_, files_),
+      engine_(desk_),
+      objects_(engine_) {
+    desk_.SetKeyTarget(engine_);
+    if (options_.Trace) objects_.SetTrace(print_);
     desk_.SetModalLoop([this](Form& form) { RunUntilUnloaded(form); });
 }
 
@@ -87,7 +94,7 @@ void Player::EnsureStarted() {
     if (application_) return;
     if (programFolder_.empty()) programFolder_ = CurrentFolder();
     WriteSettingsIfMissing();
-    application_ = std::make_unique<Application>(desk_, programFolder_);
+    application_ = std::make_unique<Application>(desk_, programFolder_, objects_);
     Act("frmStartup.Form_Load", [this] { application_->Start(); });
 }
 

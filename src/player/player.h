@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "basis/result_file.h"
+#include "mapengine/map_engine.h"
 #include "player/player_desk.h"
 #include "player/script.h"
 
@@ -87,9 +88,10 @@ private:
     FileTable files_;
     PlayerDesk desk_;
     std::string programFolder_;
+    MapEngine engine_;
+    ActiveObjects objects_;
     std::unique_ptr<Application> application_;
     std::vector<Form*> modal_;
-    bool surferRuns_ = true;
 };
 
 }  // namespace crownlab

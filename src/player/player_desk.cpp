@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "basis/result_file.h"
+#include "basis/text.h"
 #include "player/script.h"
 
 namespace crownlab {
@@ -53,6 +54,14 @@ void PlayerDesk::Yield() {
     insideYield_ = true;
     for (const AtYield& act : due) act.Act();
     insideYield_ = false;
+}
+
+bool PlayerDesk::ActivateWindow(const std::string& processIdOrTitle) {
+    return keyTarget_ != nullptr && keyTarget_->ActivateWindow(processIdOrTitle);
+}
+
+void PlayerDesk::SendKeys(const std::string& keys) {
+    if (keyTarget_ != nullptr) keyTarget_->SendKeys(keys);
 }
 
 void PlayerDesk::ShowModal(Form& form) {

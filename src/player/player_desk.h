@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "forms/desk.h"
+#include "surfer/automation.h"
 
 namespace crownlab {
 
@@ -27,7 +28,7 @@ struct QueuedAnswer {
 
 /// The desk of a program without a screen: boxes are answered from a queue and printed, yields run what
 /// the script has waiting for them.
-class PlayerDesk : public Desk {
+class PlayerDesk : public Desk, public EngineHost {
 public:
     PlayerDesk(LineSink print, FileTable& files) : print_(std::move(print)), files_(files) {}
 
@@ -36,6 +37,8 @@ public:
     void QueueAtYield(int n, std::function<void()> act) { waiting_.push_back({n, std::move(act)}); }
     /// Runs one act of the person; false if a handler ended in a failure.
     bool Act(const std::string& where, const std::function<void()>& act);
+    /// The program whose windows the keys reach.
+    void SetKeyTarget(AutomationServer& target) { keyTarget_ = &target; }
     /// How a modal window is waited for: runs statements until the window has been unloaded.
     void SetModalLoop(std::function<void(Form&)> loop) { modalLoop_ = std::move(loop); }
 
@@ -48,11 +51,15 @@ public:
     void ShowModal(Form& form) override;
     void FormShown(Form&) override {}
     void FormUnloaded(Form&) override {}
-    bool ActivateWindow(const std::string&) override { return false; }
-    void SendKeys(const std::string&) override {}
-    std::string ClipboardText() override { return {}; }
+    bool ActivateWindow(const std::string& processIdOrTitle) override;
+    void SendKeys(const std::string& keys) override;
+    std::string ClipboardText() override { return clipboard_; }
     void OpenFile(const std::string&) override {}
     void ShowFailure(const Failure& failure) override;
+
+    void CallRuns(std::string_view, double) override {}
+    void CallEnded() override {}
+    void SetClipboardText(const std::string& text) override { clipboard_ = text; }
 
     /// Saves points as a person does from the digitising program.
     void Digitise(const DigitisedPoints& points);
@@ -73,6 +80,8 @@ private:
     int failures_ = 0;
     Failure lastFailure_{FailureKind::InvalidCall, ""};
     std::function<void(Form&)> modalLoop_;
+    AutomationServer* keyTarget_ = nullptr;
+    std::string clipboard_;
 };
 
 }  // namespace crownlab

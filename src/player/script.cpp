@@ -102,18 +102,4 @@ std::string ReplaceNames(std::string_view word, const ScriptValues& values) {
     return replaced;
 }
 
-std::string QuotedText(std::string_view text) {
-    std::string quoted = "\"";
-    for (const char c : text) {
-        switch (c) {
-            case '\n': quoted += "\\n"; break;
-            case '\r': quoted += "\\r"; break;
-            case '"': quoted += "\\\""; break;
-            case '\\': quoted += "\\\\"; break;
-            default: quoted += c;
-        }
-    }
-    return quoted + '"';
-}
-
 }  // namespace crownlab

@@ -40,7 +40,4 @@ std::vector<std::string> SplitWords(std::string_view line);
 /// Replaces $NAME, ${NAME} and $$ in one word.
 std::string ReplaceNames(std::string_view word, const ScriptValues& values);
 
-/// A text as output lines show it: in quotes, with \n, \r, \" and \\.
-std::string QuotedText(std::string_view text);
-
 }  // namespace crownlab

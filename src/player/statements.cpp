@@ -7,6 +7,7 @@
 #include "basis/field_reader.h"
 #include "basis/number_text.h"
 #include "basis/paths.h"
+#include "basis/text.h"
 #include "forms/acts.h"
 #include "player/control_values.h"
 #include "shell/frm_startup.h"
@@ -217,7 +218,7 @@ void Player::DoDigitise(const Words& words) { desk_.Digitise(ParsePoints(words, 
 
 void Player::DoSurfer(const Words& words) {
     if (words[1] != "on" && words[1] != "off") throw ScriptError{"usage: surfer on|off"};
-    surferRuns_ = words[1] == "on";
+    objects_.SetFound(words[1] == "on");
 }
 
 void Player::DoShow(const Words& words) { print_("show " + words[1] + " = " + QuotedText(ValueOf(words[1]))); }

@@ -94,7 +94,7 @@ void RegisterTools(FrmStartup& form) {
         form.OnAny(std::string(entry.Item) + "_Click",
                    [&form, entry](const EventArgs&) { OpenTool(form, entry.Window); });
     }
-    form.On("mnuStartSurfer_Click", [](FrmStartup& f) { OpenTool(f, "Surfer session"); });
+    form.On("mnuStartSurfer_Click", [](FrmStartup& f) { StartSurfer(*f.Shell.Surfer, *f.App.Windows); });
 }
 
 }  // namespace

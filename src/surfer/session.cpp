@@ -16,4 +16,25 @@ std::string SurferClassName(Session& session, WindowTable& windows) {
     return {};
 }
 
+LateBound AttachSurfer(Session& session, WindowTable& windows) {
+    return session.Objects->Attach(SurferClassName(session, windows));
+}
+
+LateBound PrepareSurfer(Session& session, WindowTable& windows, bool startNew) {
+    const std::string className = SurferClassName(session, windows);
+    LateBound program = startNew ? session.Objects->Create(className) : session.Objects->Attach(className);
+    if (session.IsEight()) {
+        program.Set("Visible", true);
+        if (startNew) program.Object("Documents").Call("Add", {1});
+    }
+    return program;
+}
+
+void StartSurfer(Session& session, WindowTable& windows) {
+    const LateBound program = session.Objects->Create(SurferClassName(session, windows));
+    if (!session.IsEight()) return;
+    program.Set("Visible", true);
+    program.Object("Documents").Call("Add", {1});
+}
+
 }  // namespace crownlab

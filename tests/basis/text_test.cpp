@@ -100,5 +100,10 @@ TEST(LessLast, CutsOrFails) {
         FailureKind::InvalidCall, [] { LessLast("csv", 4, "file name"); }, "file name"));
 }
 
+TEST(QuotedText, ShowsLineEndsQuotesAndBackslashes) {
+    EXPECT_EQ(QuotedText("a\nb\r\"c\"\\"), "\"a\\nb\\r\\\"c\\\"\\\\\"");
+    EXPECT_EQ(QuotedText(""), "\"\"");
+}
+
 }  // namespace
 }  // namespace crownlab

@@ -18,7 +18,8 @@
 namespace crownlab {
 
 DesktopSession::DesktopSession(const std::optional<std::string>& settings)
-    : Desk(SetUpLayout, [this](int status) { Ended = status; }), App(Desk, Folder.Path()) {
+    : Desk(SetUpLayout, [this](int status) { Ended = status; }), App(Desk, Folder.Path(), Objects) {
+    Desk.SetKeyTarget(Engine);
     if (settings) {
         std::string text = *settings;
         if (const std::size_t at = text.find("DIR"); at != std::string::npos) text.replace(at, 3, Folder.Path());

@@ -12,6 +12,7 @@
 #include "application/application.h"
 #include "desktop/desktop_desk.h"
 #include "desktop/form_window.h"
+#include "mapengine/map_engine.h"
 #include "support/temp_folder.h"
 
 namespace crownlab {
@@ -26,6 +27,8 @@ public:
     /// Exit status once the program has ended.
     std::optional<int> Ended;
     DesktopDesk Desk;
+    MapEngine Engine{Desk};
+    ActiveObjects Objects{Engine};
     Application App;
 
     /// Opens a window as its menu item does.

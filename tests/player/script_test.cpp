@@ -75,10 +75,5 @@ TEST(Script, CountsLinesWithCommentsAndEmptyOnes) {
     EXPECT_EQ(script.Next(), Words{});
 }
 
-TEST(QuotedText, ShowsLineEndsQuotesAndBackslashes) {
-    EXPECT_EQ(QuotedText("a\nb\r\"c\"\\"), "\"a\\nb\\r\\\"c\\\"\\\\\"");
-    EXPECT_EQ(QuotedText(""), "\"\"");
-}
-
 }  // namespace
 }  // namespace crownlab

@@ -1,0 +1,60 @@
+#include "formats/boundary_file.h"
+
+#include "basis/failure.h"
+#include "basis/field_reader.h"
+#include "basis/paths.h"
+#include "basis/result_file.h"
+
+namespace crownlab {
+namespace {
+
+std::vector<PlanePoint> ReadPoints(FieldReader& reader, std::uint64_t count) {
+    std::vector<PlanePoint> points;
+    for (std::uint64_t i = 0; i < count; ++i) {
+        const double x = reader.ReadNumber();
+        points.push_back({x, reader.ReadNumber()});
+    }
+    return points;
+}
+
+void WritePoint(ResultFile& file, const PlanePoint& point) {
+    file.Write(InZone(PrintNumberText(point.x)));
+    file.PrintNumber(point.y);
+    file.EndLine();
+}
+
+}  // namespace
+
+std::vector<PlanePoint> ReadDigitisedPoints(const std::string& path) {
+    const FileText text = ReadFileText(path);
+    const std::uint64_t lines = CountLines(text.View());
+    if (lines == 0) throw Failure(FailureKind::SubscriptOutOfRange, path + " has no point");
+    FieldReader reader(text.View(), path);
+    return ReadPoints(reader, lines);
+}
+
+std::vector<PlanePoint> ReadDigitisedPoints(const std::string& path, int count) {
+    const FileText text = ReadFileText(path);
+    FieldReader reader(text.View(), path);
+    return ReadPoints(reader, static_cast<std::uint64_t>(count));
+}
+
+void WriteRing(ResultFile& file, std::span<const PlanePoint> points, BoundaryFlag flag) {
+    file.Write(InZone(PrintNumberText(static_cast<double>(points.size() + 1))));
+    if (flag.As == BoundaryFlag::Form::Text) {
+        file.Write(std::to_string(flag.Sense));
+    } else {
+        file.PrintNumber(flag.Sense);
+    }
+    file.EndLine();
+    for (const PlanePoint& point : points) WritePoint(file, point);
+    WritePoint(file, points.front());
+}
+
+void WriteRingFile(FileTable& files, const std::string& path, std::span<const PlanePoint> points, BoundaryFlag flag) {
+    ResultFile file(files, path);
+    WriteRing(file, points, flag);
+    file.Commit();
+}
+
+}  // namespace crownlab

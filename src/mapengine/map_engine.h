@@ -1,0 +1,42 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "basis/result_file.h"
+#include "mapengine/engine_call.h"
+#include "mapengine/engine_session.h"
+
+namespace crownlab {
+
+struct MemberEntry;
+
+/// The mapping program that Crownlab brings along: it answers the calls that its tools make, with files.
+class MapEngine : public AutomationServer {
+public:
+    explicit MapEngine(EngineHost& host);
+    ~MapEngine() override;
+    MapEngine(const MapEngine&) = delete;
+    MapEngine& operator=(const MapEngine&) = delete;
+
+    ObjectRef Running(std::string_view className) override;
+    ObjectRef Create(std::string_view className) override;
+    bool ActivateWindow(const std::string& processIdOrTitle) override;
+    void SendKeys(const std::string& keys) override;
+
+    /// The session that attaching finds.
+    EngineSession& Session() { return *session_; }
+
+    /// Runs a grid member on a worker thread; meanwhile the host is told how far it is. Every failure but a lack of
+    /// memory becomes AutomationFailed with the member's name.
+    Value RunMember(const MemberEntry& member, EngineVersion version, const Arguments& arguments,
+                    EngineSession& session);
+
+private:
+    EngineHost& host_;
+    FileTable files_;
+    std::shared_ptr<EngineSession> session_;
+};
+
+}  // namespace crownlab

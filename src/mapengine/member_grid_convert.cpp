@@ -1,0 +1,16 @@
+#include "mapengine/grid_file.h"
+#include "mapengine/members.h"
+
+namespace crownlab {
+
+Value CallGridConvert(EngineCall& call) {
+    const CallArguments arguments(call.Member, {"InGrid", "OutGrid", "OutFmt"}, call.Given);
+    const std::string input = arguments.Text("InGrid");
+    const std::string output = arguments.Text("OutGrid");
+    const GridFormat format =
+        arguments.Has("OutFmt") ? FormatOfNumber(call.Version, arguments.Whole("OutFmt")) : DefaultFormat(call.Version);
+    WriteGrid(call.Files, output, ReadGrid(input), format);
+    return true;
+}
+
+}  // namespace crownlab

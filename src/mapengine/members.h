@@ -1,0 +1,22 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "mapengine/engine_call.h"
+
+namespace crownlab {
+
+/// A member of the application object that works on grid files.
+struct MemberEntry {
+    std::string_view Name;
+    GridMember Run;
+};
+
+/// All of them, in the order of their names.
+std::span<const MemberEntry> GridMembers();
+
+// One source file each, member_grid_*.cpp.
+Value CallGridConvert(EngineCall& call);
+
+}  // namespace crownlab

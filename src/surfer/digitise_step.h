@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "formats/boundary_file.h"
+
+namespace crownlab {
+
+struct Services;
+
+/// One request to a person to digitise points on the map of a grid and to save them beside it.
+struct DigitiseStep {
+    std::string Folder;               ///< the grid's, with its separator
+    std::string Base;                 ///< the grid's name without extension
+    std::vector<std::string> Prompt;  ///< first lines of the box
+    std::string File = "digit.dat";   ///< name under which the points are to be saved, in `Folder`
+    std::string CopySuffix;           ///< the working copy is `Folder` `Base` and this
+
+    std::string DigitPath() const { return Folder + File; }
+    std::string CopyPath() const { return Folder + Base + CopySuffix; }
+};
+
+/// Shows the box "Digitise map" and waits. False if it was cancelled; nothing has changed then.
+bool AskToDigitise(Services& app, const DigitiseStep& step);
+
+/// Copies the digitised points to the working copy, from which they are read. What is there counts as digitised:
+/// nothing looks whether it is new. Throws what reading and writing files throw.
+void CopyDigitised(Services& app, const DigitiseStep& step);
+
+}  // namespace crownlab
