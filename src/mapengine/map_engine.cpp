@@ -38,9 +38,15 @@ Value Run(const MemberEntry& member, EngineCall& call) {
 
 }  // namespace
 
-MapEngine::MapEngine(EngineHost& host) : host_(host), session_(std::make_shared<EngineSession>(host)) {}
+MapEngine::MapEngine(EngineHost& host) : host_(host), session_(MakeSession()) { session_->StartAnew(); }
 
 MapEngine::~MapEngine() = default;
+
+std::shared_ptr<EngineSession> MapEngine::MakeSession() {
+    return std::make_shared<EngineSession>(host_, [this] {
+        if (observer_) observer_();
+    });
+}
 
 ObjectRef MapEngine::Running(std::string_view className) {
     if (EqualNoCase(className, "Surfer.APP")) {
@@ -54,7 +60,8 @@ ObjectRef MapEngine::Running(std::string_view className) {
 
 ObjectRef MapEngine::Create(std::string_view className) {
     if (!Running(className)) return nullptr;
-    session_ = std::make_shared<EngineSession>(host_);
+    session_ = MakeSession();
+    if (observer_) observer_();
     return Running(className);
 }
 

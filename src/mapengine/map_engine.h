@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -27,6 +28,9 @@ public:
 
     /// The session that attaching finds.
     EngineSession& Session() { return *session_; }
+    /// `changed` is called, on the thread of the calls, whenever documents were opened, closed or changed and when
+    /// another session became the one that attaching finds. It may only take note: a batch of maps calls it often.
+    void SetObserver(std::function<void()> changed) { observer_ = std::move(changed); }
 
     /// Runs a grid member on a worker thread; meanwhile the host is told how far it is. Every failure but a lack of
     /// memory becomes AutomationFailed with the member's name.
@@ -34,7 +38,10 @@ public:
                     EngineSession& session);
 
 private:
+    std::shared_ptr<EngineSession> MakeSession();
+
     EngineHost& host_;
+    std::function<void()> observer_;
     FileTable files_;
     std::shared_ptr<EngineSession> session_;
 };
