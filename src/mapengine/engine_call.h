@@ -79,4 +79,8 @@ using GridMember = Value (*)(EngineCall& call);
 /// AutomationFailed with that sentence.
 [[noreturn]] void FailCall(const std::string& sentence);
 
+/// Runs `act`. What it throws becomes AutomationFailed with the member's name in front, save for a lack of memory,
+/// which becomes OutOfMemory.
+Value AsCall(std::string_view member, const std::function<Value()>& act);
+
 }  // namespace crownlab

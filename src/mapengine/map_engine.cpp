@@ -2,9 +2,7 @@
 
 #include <chrono>
 #include <future>
-#include <new>
 
-#include "basis/failure.h"
 #include "basis/text.h"
 #include "mapengine/application_object.h"
 #include "mapengine/members.h"
@@ -14,27 +12,6 @@ namespace {
 
 /// How often the host hears of a running call.
 constexpr std::chrono::milliseconds kTick{50};
-
-[[noreturn]] void FailMember(std::string_view member, const std::string& why) {
-    const std::string name(member);
-    FailCall(why.compare(0, name.size(), name) == 0 ? why : name + ": " + why);
-}
-
-/// The member itself; what it throws is said in the words of a failed call.
-Value Run(const MemberEntry& member, EngineCall& call) {
-    try {
-        return member.Run(call);
-    } catch (const Failure& failure) {
-        if (failure.Kind() == FailureKind::OutOfMemory) throw;
-        FailMember(member.Name, failure.Kind() == FailureKind::AutomationFailed
-                                    ? failure.Object()
-                                    : std::string(FailureName(failure.Kind())) + ": " + failure.Object());
-    } catch (const std::bad_alloc&) {
-        throw Failure(FailureKind::OutOfMemory, std::string(member.Name));
-    } catch (const std::exception& error) {
-        FailMember(member.Name, error.what());
-    }
-}
 
 }  // namespace
 
@@ -69,6 +46,13 @@ bool MapEngine::ActivateWindow(const std::string&) { return false; }
 
 void MapEngine::SendKeys(const std::string&) {}
 
+Value MapEngine::RunAside(std::string_view member, Progress& progress, const std::function<Value()>& work) {
+    std::future<Value> result = std::async(std::launch::async, [&] { return AsCall(member, work); });
+    while (result.wait_for(kTick) != std::future_status::ready) host_.CallRuns(member, progress.Share());
+    host_.CallEnded();
+    return result.get();
+}
+
 Value MapEngine::RunMember(const MemberEntry& member, EngineVersion version, const Arguments& arguments,
                            EngineSession& session) {
     Progress progress;
@@ -78,10 +62,7 @@ Value MapEngine::RunMember(const MemberEntry& member, EngineVersion version, con
                     .Files = files_,
                     .Done = progress,
                     .Afterwards = {}};
-    std::future<Value> result = std::async(std::launch::async, [&] { return Run(member, call); });
-    while (result.wait_for(kTick) != std::future_status::ready) host_.CallRuns(member.Name, progress.Share());
-    host_.CallEnded();
-    Value value = result.get();
+    Value value = RunAside(member.Name, progress, [&] { return member.Run(call); });
     for (const auto& act : call.Afterwards) act(session);
     return value;
 }

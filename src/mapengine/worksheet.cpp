@@ -1,10 +1,12 @@
 #include "mapengine/worksheet.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <utility>
 
 #include "basis/field_reader.h"
+#include "basis/memory_limit.h"
 #include "basis/paths.h"
 #include "basis/text.h"
 
@@ -39,8 +41,15 @@ std::vector<std::string> Fields(std::string_view line, char separator) {
     return fields;
 }
 
+/// A file of nothing but separators needs many times its size as a table.
+void RequireCells(std::string_view text, char separator, const std::string& path) {
+    const auto cells = static_cast<std::uint64_t>(std::count(text.begin(), text.end(), separator));
+    const std::uint64_t lines = CountLines(text);
+    RequireMemory((cells + lines) * sizeof(std::string) + lines * sizeof(std::vector<std::string>), path);
+}
+
 void AppendField(std::string& text, const std::string& field, char separator) {
-    const bool plain = field.find(separator) == std::string::npos && field.find_first_of("\"\r\n") == std::string::npos;
+    const bool plain = field.find(separator) == std::string::npos && field.find('"') == std::string::npos;
     if (plain) {
         text += field;
         return;
@@ -70,6 +79,7 @@ Worksheet ReadWorksheet(const std::string& path) {
     const FileText file = ReadFileText(path);
     const std::string_view text = WithoutByteOrderMark(file.View());
     const char separator = text.find('\t') != std::string_view::npos ? '\t' : ',';
+    RequireCells(text, separator, path);
     Worksheet sheet{.Path = path, .Rows = {}, .Separator = separator};
     FieldReader lines(text, path);
     while (!lines.AtEnd()) sheet.Rows.push_back(Fields(lines.ReadLine(), separator));
