@@ -95,6 +95,10 @@ std::optional<std::string> CallArguments::OptionalText(std::string_view name) co
     return Text(name);
 }
 
+std::string CallArguments::NameOrNumber(std::string_view name) const {
+    return TextOf(Require(name), std::string(member_) + ": " + std::string(name));
+}
+
 double CallArguments::Number(std::string_view name) const {
     const Value& value = Require(name);
     const double number = NumberOf(value, std::string(member_) + ": " + std::string(name));

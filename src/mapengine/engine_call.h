@@ -33,6 +33,8 @@ public:
     /// Text that isn't empty.
     std::string Text(std::string_view name) const;
     std::optional<std::string> OptionalText(std::string_view name) const;
+    /// A text, or a number's general text.
+    std::string NameOrNumber(std::string_view name) const;
     /// A finite number; a number sent as text is one.
     double Number(std::string_view name) const;
     double Number(std::string_view name, double otherwise) const;

@@ -3,6 +3,13 @@
 #include <chrono>
 #include <future>
 
+#ifdef _WIN32
+#include <process.h>
+#define getpid _getpid
+#else
+#include <unistd.h>
+#endif
+
 #include "basis/text.h"
 #include "mapengine/application_object.h"
 #include "mapengine/members.h"
@@ -38,13 +45,21 @@ ObjectRef MapEngine::Running(std::string_view className) {
 ObjectRef MapEngine::Create(std::string_view className) {
     if (!Running(className)) return nullptr;
     session_ = MakeSession();
+    keys_ = {};
     if (observer_) observer_();
     return Running(className);
 }
 
-bool MapEngine::ActivateWindow(const std::string&) { return false; }
+bool MapEngine::ActivateWindow(const std::string& processIdOrTitle) {
+    const std::string title =
+        "Surfer - " + (session_->Documents().empty() ? std::string() : NameOf(session_->Documents().back()));
+    const bool named = !processIdOrTitle.empty() && title.compare(0, processIdOrTitle.size(), processIdOrTitle) == 0;
+    if (!named && processIdOrTitle != std::to_string(getpid())) return false;
+    keys_.SetInFront(true);
+    return true;
+}
 
-void MapEngine::SendKeys(const std::string&) {}
+void MapEngine::SendKeys(const std::string& keys) { keys_.Send(keys, *session_, files_); }
 
 Value MapEngine::RunAside(std::string_view member, Progress& progress, const std::function<Value()>& work) {
     std::future<Value> result = std::async(std::launch::async, [&] { return AsCall(member, work); });

@@ -8,6 +8,7 @@
 #include "basis/result_file.h"
 #include "mapengine/engine_call.h"
 #include "mapengine/engine_session.h"
+#include "mapengine/report_keys.h"
 
 namespace crownlab {
 
@@ -48,6 +49,7 @@ private:
     std::function<void()> observer_;
     FileTable files_;
     std::shared_ptr<EngineSession> session_;
+    ReportKeys keys_;
 };
 
 }  // namespace crownlab
