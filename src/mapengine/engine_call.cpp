@@ -18,6 +18,18 @@ bool IsIn(const Positions& names, std::string_view name) {
 
 void FailCall(const std::string& sentence) { throw Failure(FailureKind::AutomationFailed, sentence); }
 
+std::string SentenceOf(const Failure& failure) {
+    const std::string& object = failure.Object();
+    switch (failure.Kind()) {
+        case FailureKind::AutomationFailed: return object;
+        case FailureKind::FileNotFound: return "there is no file " + object;
+        case FailureKind::PathNotFound: return "there is no folder for the file " + object;
+        case FailureKind::PermissionDenied: return "access to the file " + object + " is denied";
+        case FailureKind::DiskFull: return "there is no room on the disk for the file " + object;
+        default: return std::string(FailureName(failure.Kind())) + ": " + object;
+    }
+}
+
 CallArguments::CallArguments(std::string_view member, const Positions& positions, const Arguments& given,
                              const Positions& onlyNamed)
     : member_(member) {

@@ -12,6 +12,7 @@
 namespace crownlab {
 
 class EngineSession;
+class Failure;
 class FileTable;
 
 /// The two classes under which the engine is reached, "Surfer.APP" and "Surfer.Application".
@@ -78,5 +79,8 @@ using GridMember = Value (*)(EngineCall& call);
 
 /// AutomationFailed with that sentence.
 [[noreturn]] void FailCall(const std::string& sentence);
+
+/// What a failure says, as a sentence for a failed call: that of a file is told in words that name it.
+std::string SentenceOf(const Failure& failure);
 
 }  // namespace crownlab

@@ -26,9 +26,7 @@ Value Run(const MemberEntry& member, EngineCall& call) {
         return member.Run(call);
     } catch (const Failure& failure) {
         if (failure.Kind() == FailureKind::OutOfMemory) throw;
-        FailMember(member.Name, failure.Kind() == FailureKind::AutomationFailed
-                                    ? failure.Object()
-                                    : std::string(FailureName(failure.Kind())) + ": " + failure.Object());
+        FailMember(member.Name, SentenceOf(failure));
     } catch (const std::bad_alloc&) {
         throw Failure(FailureKind::OutOfMemory, std::string(member.Name));
     } catch (const std::exception& error) {
