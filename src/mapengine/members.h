@@ -18,5 +18,6 @@ std::span<const MemberEntry> GridMembers();
 
 // One source file each, member_grid_*.cpp.
 Value CallGridConvert(EngineCall& call);
+Value CallGridData(EngineCall& call);
 
 }  // namespace crownlab
