@@ -82,8 +82,7 @@ private:
     void RequireField(int column) {
         SkipSpaces();
         if (!AtLineEnd()) return;
-        Fail("has " + std::to_string(column - 1) + " fields, " + std::to_string(wanted_.back().Column) +
-             " are needed");
+        Fail("has " + std::to_string(column - 1) + " fields, " + std::to_string(wanted_.back().Column) + " are needed");
     }
 
     void SkipField(int column) {

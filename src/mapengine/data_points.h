@@ -39,8 +39,8 @@ struct DataBox {
 /// Box of one point at least.
 DataBox BoxOf(const DataPoints& points);
 
-/// True if no point is farther off one straight line than `share` of the box's longer side; so for fewer than three. Squares of the
-/// coordinates have to be in range.
+/// True if no point is farther off one straight line than `share` of the box's longer side; so for fewer than three.
+/// Squares of the coordinates have to be in range.
 bool AllOnALine(const DataPoints& points, double share);
 
 }  // namespace crownlab

@@ -46,7 +46,8 @@ Triangulation Triangulate(const DataPoints& points) {
     const auto start = face;
     do {
         const int infinite = face->index(delaunay.infinite_vertex());
-        result.Hull.push_back({face->vertex(Delaunay::ccw(infinite))->info(), face->vertex(Delaunay::cw(infinite))->info()});
+        result.Hull.push_back(
+            {face->vertex(Delaunay::ccw(infinite))->info(), face->vertex(Delaunay::cw(infinite))->info()});
     } while (++face != start);
     return result;
 }

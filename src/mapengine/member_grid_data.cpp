@@ -1,8 +1,10 @@
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "basis/failure.h"
 #include "mapengine/data_file.h"
 #include "mapengine/grid_file.h"
 #include "mapengine/gridding_report.h"
@@ -22,8 +24,8 @@ constexpr std::array<std::string_view, 4> kRegression = {kFirstTerm, "RegrMaxXOr
 
 /// Places from 1; those between the report and the regression arguments mean nothing here.
 Positions PositionsOfGridData() {
-    Positions positions = {"DataFile", "XCol",      "yCol",       "zCol",         "XMin",
-                           "XMax",     "YMin",      "YMax",       "NumCols",      "NumRows",
+    Positions positions = {"DataFile",  "XCol",         "yCol",      "zCol",    "XMin",
+                           "XMax",      "YMin",         "YMax",      "NumCols", "NumRows",
                            kRowsBehind, kColumnsBehind, "Algorithm", "OutGrid", "ShowReport"};
     constexpr std::size_t beforeRegression = 50;
     positions.resize(beforeRegression);
@@ -86,7 +88,8 @@ void RequirePlaneOrders(const CallArguments& arguments) {
 
 int ColumnFrom(const CallArguments& arguments, std::string_view name, int first, int otherwise) {
     const int column = arguments.Whole(name, otherwise + first - 1);
-    if (column < first) arguments.Fail(name, "is " + std::to_string(column) + "; the first column is " + std::to_string(first));
+    if (column < first)
+        arguments.Fail(name, "is " + std::to_string(column) + "; the first column is " + std::to_string(first));
     return column - first + 1;
 }
 
@@ -128,11 +131,22 @@ WantedGeometry WantedFrom(const CallArguments& arguments) {
 /// Hands the plane over: "Surfer.APP" by the clipboard, "Surfer.Application" by a report.
 void LeaveReport(EngineCall& call, Worksheet report, const ScatteredGrid& result) {
     if (!call.IsSix()) {
-        call.Afterwards.push_back(
-            [report = std::move(report)](EngineSession& session) { session.OpenReport(report); });
+        call.Afterwards.push_back([report = std::move(report)](EngineSession& session) { session.OpenReport(report); });
     } else if (result.Plane) {
         call.Afterwards.push_back(
             [line = PlaneLine(*result.Plane)](EngineSession& session) { session.SetClipboardText(line); });
+    }
+}
+
+/// The grid of a file's points; what they don't allow is told with the file's name.
+ScatteredGrid GridFacts(const EngineCall& call, const GriddingFacts& facts, GriddingMethod method,
+                        const WantedGeometry& wanted) {
+    try {
+        if (facts.Used.empty()) FailCall("there is no point to grid");
+        return GridPoints(method, facts.Used, GeometryFor(wanted, facts.Used), call.Done);
+    } catch (const Failure& failure) {
+        if (failure.Kind() != FailureKind::AutomationFailed) throw;
+        FailCall(facts.DataFile + ": " + failure.Object());
     }
 }
 
@@ -154,9 +168,7 @@ Value CallGridData(EngineCall& call) {
     facts.Method = method.Name;
     facts.PointsRead = points.size();
     facts.Used = PointsToGrid(std::move(points), above);
-    if (facts.Used.empty()) FailCall(facts.DataFile + " has no point to grid");
-    const GridGeometry shape = GeometryFor(wanted, facts.Used);
-    const ScatteredGrid result = GridPoints(method.Method, facts.Used, shape, call.Done);
+    const ScatteredGrid result = GridFacts(call, facts, method.Method, wanted);
     WriteGrid(call.Files, facts.OutGrid, result.Heights, format);
     if (showReport) LeaveReport(call, GriddingReport(facts, result, PlaneRow(method.Number)), result);
     return true;

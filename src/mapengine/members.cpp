@@ -6,8 +6,12 @@ namespace crownlab {
 
 std::span<const MemberEntry> GridMembers() {
     static constexpr auto members = std::to_array<MemberEntry>({
+        {"GridBlank", CallGridBlank},
         {"GridConvert", CallGridConvert},
         {"GridData", CallGridData},
+        {"GridExtract", CallGridExtract},
+        {"GridMath", CallGridMath},
+        {"GridTransform", CallGridTransform},
     });
     return members;
 }

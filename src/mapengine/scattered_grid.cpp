@@ -29,8 +29,8 @@ double PlaceFactor(const DataPoints& points, const GridGeometry& shape) {
     double ofPoints = 0;
     for (const DataPoint& point : points) ofPoints = std::max({ofPoints, std::fabs(point.X), std::fabs(point.Y)});
     if (ofPoints > large) return std::ldexp(1.0, -std::ilogb(ofPoints));
-    const double ofAll = std::max({ofPoints, std::fabs(shape.XMin), std::fabs(shape.XMax), std::fabs(shape.YMin),
-                                   std::fabs(shape.YMax)});
+    const double ofAll = std::max(
+        {ofPoints, std::fabs(shape.XMin), std::fabs(shape.XMax), std::fabs(shape.YMin), std::fabs(shape.YMax)});
     // The factor that the very smallest numbers need is beyond the largest one.
     return ofAll < small ? std::ldexp(1.0, std::min(-std::ilogb(ofAll), 1000)) : 1;
 }
