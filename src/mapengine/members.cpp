@@ -8,6 +8,7 @@ std::span<const MemberEntry> GridMembers() {
     static constexpr auto members = std::to_array<MemberEntry>({
         {"GridBlank", CallGridBlank},
         {"GridConvert", CallGridConvert},
+        {"GridData", CallGridData},
         {"GridExtract", CallGridExtract},
         {"GridMath", CallGridMath},
         {"GridTransform", CallGridTransform},
