@@ -108,9 +108,8 @@ private:
         }
         if (direction_.Y != 0) {
             const double byY = SlopeByY(rows, column, dy_);
-            const double byYY = SecondDifference({rows.Row(-2)[column], rows.Row(-1)[column], z[0],
-                                                  rows.Row(1)[column], rows.Row(2)[column]},
-                                                 dy_);
+            const double byYY = SecondDifference(
+                {rows.Row(-2)[column], rows.Row(-1)[column], z[0], rows.Row(1)[column], rows.Row(2)[column]}, dy_);
             if (IsBlank(byY) || IsBlank(byYY)) return kBlankHeight;
             first += direction_.Y * byY;
             second += direction_.Y * direction_.Y * byYY;
@@ -171,8 +170,7 @@ double Azimuth(double x, double y) {
 
 Grid CurvatureGrid(const Grid& grid, double degrees, Progress& progress) {
     const CurvatureRows curvature(grid.Shape, degrees);
-    return ForEachRow(grid, progress,
-                      [&](const RowWindow& rows, double* result) { curvature.Row(rows, result); });
+    return ForEachRow(grid, progress, [&](const RowWindow& rows, double* result) { curvature.Row(rows, result); });
 }
 
 Grid SlopeGrid(const Grid& grid, Progress& progress) {

@@ -84,7 +84,8 @@ private:
     /// Upper less lower; kNoDifference where either is blank.
     void FillDifference(int row, std::vector<double>& difference) const {
         const double* const z = upper_.Z.data() + upper_.Index(0, row);
-        const double* const base = lower_.Heights == nullptr ? nullptr : lower_.Heights->Z.data() + upper_.Index(0, row);
+        const double* const base =
+            lower_.Heights == nullptr ? nullptr : lower_.Heights->Z.data() + upper_.Index(0, row);
         for (std::size_t i = 0; i < difference.size(); ++i) {
             const bool blank = IsBlank(z[i]) || (base != nullptr && IsBlank(base[i]));
             difference[i] = blank ? kNoDifference : z[i] - (base == nullptr ? lower_.Constant : base[i]);
@@ -172,9 +173,8 @@ GridVolumes Total(const std::vector<RowSums>& rows, const GridGeometry& shape) {
         total.PlanarBlank += rows[row].BlankCells;
     }
     const double cell = shape.SpacingX() * shape.SpacingY();
-    for (double* const value :
-         {&total.Simpson, &total.ThreeEighths, &total.Above, &total.Below, &total.PlanarAbove, &total.PlanarBelow,
-          &total.SurfaceAbove, &total.SurfaceBelow, &total.PlanarBlank}) {
+    for (double* const value : {&total.Simpson, &total.ThreeEighths, &total.Above, &total.Below, &total.PlanarAbove,
+                                &total.PlanarBelow, &total.SurfaceAbove, &total.SurfaceBelow, &total.PlanarBlank}) {
         *value *= cell;
         if (!std::isfinite(*value)) FailCall("a volume or an area is too large for a number");
     }
