@@ -180,8 +180,8 @@ Grid SlopeGrid(const Grid& grid, Progress& progress) {
 
 Grid AspectGrid(const Grid& grid, double leastSlope, Progress& progress) {
     return FromSlopes(grid, progress, [&](const Slopes& slopes) {
-        const double steepest = Steepest(slopes);
-        if (steepest == 0 || ArcTangent(steepest) < leastSlope) return kBlankHeight;
+        const bool flat = slopes.ByX == 0 && slopes.ByY == 0;
+        if (flat || ArcTangent(Steepest(slopes)) < leastSlope) return kBlankHeight;
         return Azimuth(-slopes.ByX, -slopes.ByY);
     });
 }
