@@ -86,7 +86,6 @@ TEST(GridSlice, OffTheGridThereAreOnlyVertices) {
 TEST(GridSlice, LinePastTheGridHasItsVerticesOnly) {
     // It crosses the columns' and rows' lengthenings, but never the grid.
     EXPECT_EQ(PlacesOf(Slice(Plane(), {{-3, 5}, {1, 9}, {3, 9}})), (Places{{-3, 5}, {1, 9}, {3, 9}}));
-    EXPECT_EQ(PlacesOf(Slice(Plane(), {{-1, 1}, {1, -1}, {9, 9}})).front(), (PlanePoint{-1, 1}));
 }
 
 TEST(GridSlice, CornerOfTheGridIsTouchedOnce) {
