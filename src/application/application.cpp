@@ -9,6 +9,7 @@
 #include "shell/frm_def_dir.h"
 #include "shell/frm_save_file.h"
 #include "shell/frm_startup.h"
+#include "surferfns/frm_surf_fns.h"
 #include "viewer/frm_csv_view.h"
 
 namespace crownlab {
@@ -28,6 +29,7 @@ void Application::AddMakers() {
     windows_.AddMaker("frmAbout", [this] { return std::make_shared<FrmAbout>(services_); });
     windows_.AddMaker("frmSaveFile", [this] { return std::make_shared<FrmSaveFile>(services_, shell_); });
     windows_.AddMaker("frmPtCloud", [this] { return std::make_shared<FrmPtCloud>(services_, shell_); });
+    windows_.AddMaker("frmSurfFns", [this] { return std::make_shared<FrmSurfFns>(services_, shell_); });
     windows_.AddMaker("frmCSVView", [this] { return std::make_shared<FrmCSVView>(services_, shell_); });
 }
 

@@ -9,6 +9,7 @@
 #include "ui_frmPtCloud.h"
 #include "ui_frmSaveFile.h"
 #include "ui_frmStartup.h"
+#include "ui_frmSurfFns.h"
 
 namespace crownlab {
 namespace {
@@ -24,12 +25,13 @@ struct FormLayout {
     void (*SetUp)(QWidget& window);
 };
 
-constexpr std::array<FormLayout, 6> kLayouts{{
+constexpr std::array<FormLayout, 7> kLayouts{{
     {"frmStartup", SetUp<Ui::frmStartup>},
     {"frmDefDir", SetUp<Ui::frmDefDir>},
     {"frmAbout", SetUp<Ui::frmAbout>},
     {"frmSaveFile", SetUp<Ui::frmSaveFile>},
     {"frmPtCloud", SetUp<Ui::frmPtCloud>},
+    {"frmSurfFns", SetUp<Ui::frmSurfFns>},
     {"frmCSVView", SetUp<Ui::frmCSVView>},
 }};
 
