@@ -5,6 +5,7 @@
 
 #include "ui_frmAbout.h"
 #include "ui_frmCSVView.h"
+#include "ui_frmConversion.h"
 #include "ui_frmDefDir.h"
 #include "ui_frmPtCloud.h"
 #include "ui_frmSaveFile.h"
@@ -30,6 +31,7 @@ constexpr std::array<FormLayout, 7> kLayouts{{
     {"frmDefDir", SetUp<Ui::frmDefDir>},
     {"frmAbout", SetUp<Ui::frmAbout>},
     {"frmSaveFile", SetUp<Ui::frmSaveFile>},
+    {"frmConversion", SetUp<Ui::frmConversion>},
     {"frmPtCloud", SetUp<Ui::frmPtCloud>},
     {"frmSurfFns", SetUp<Ui::frmSurfFns>},
     {"frmCSVView", SetUp<Ui::frmCSVView>},

@@ -18,24 +18,23 @@ DigitiseStep StepOn(const MapOfGrid& grid, const std::string& prompt, const char
 }  // namespace
 
 std::optional<std::string> DigitiseArea(Services& app, const MapOfGrid& grid, int sense) {
-    const DigitiseStep step =
+    DigitiseStep step =
         StepOn(grid, "Use 'Digitise' to digitise area of " + grid.Base + " to be blanked.", "blnpts.dat");
-    if (!AskToDigitise(app, step)) return std::nullopt;
-    CopyDigitised(app, step);
-    std::string outline = grid.Folder + grid.Base + "blnpts.bln";
-    WriteRingFile(*app.Files, outline, ReadDigitisedPoints(step.CopyPath()),
-                  {.Sense = sense, .As = BoundaryFlag::Form::Text});
-    return outline;
+    step.Boundary = BoundaryKind::Ring;
+    step.BoundarySuffix = "blnpts.bln";
+    step.Flag = {.Sense = sense, .As = BoundaryFlag::Form::Text};
+    if (!Digitise(app, step)) return std::nullopt;
+    return step.BoundaryPath();
 }
 
 std::optional<DigitisedBox> DigitiseBox(Services& app, const MapOfGrid& grid) {
-    const DigitiseStep step =
+    DigitiseStep step =
         StepOn(grid, "Use 'Digitise' to digitise bottom left and top right of area in " + grid.Base + " to keep.",
                "extpts.dat");
-    if (!AskToDigitise(app, step)) return std::nullopt;
-    CopyDigitised(app, step);
-    const std::vector<PlanePoint> corners = ReadDigitisedPoints(step.CopyPath(), 2);
-    return DigitisedBox{corners[0], corners[1]};
+    step.Points = 2;
+    const auto corners = Digitise(app, step);
+    if (!corners) return std::nullopt;
+    return DigitisedBox{corners->at(0), corners->at(1)};
 }
 
 }  // namespace crownlab
