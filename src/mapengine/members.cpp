@@ -8,6 +8,9 @@ std::span<const MemberEntry> GridMembers() {
     static constexpr auto members = std::to_array<MemberEntry>({
         {"GridBlank", CallGridBlank},
         {"GridConvert", CallGridConvert},
+        {"GridExtract", CallGridExtract},
+        {"GridMath", CallGridMath},
+        {"GridTransform", CallGridTransform},
     });
     return members;
 }

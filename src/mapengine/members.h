@@ -19,5 +19,8 @@ std::span<const MemberEntry> GridMembers();
 // One source file each, member_grid_*.cpp.
 Value CallGridBlank(EngineCall& call);
 Value CallGridConvert(EngineCall& call);
+Value CallGridExtract(EngineCall& call);
+Value CallGridMath(EngineCall& call);
+Value CallGridTransform(EngineCall& call);
 
 }  // namespace crownlab
