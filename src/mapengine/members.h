@@ -24,10 +24,13 @@ Value CallGridData(EngineCall& call);
 Value CallGridExtract(EngineCall& call);
 Value CallGridMath(EngineCall& call);
 Value CallGridTransform(EngineCall& call);
+Value CallGridExtract(EngineCall& call);
 Value CallGridFilter(EngineCall& call);
+Value CallGridMath(EngineCall& call);
 Value CallGridMatrixSmooth(EngineCall& call);
 Value CallGridResiduals(EngineCall& call);
 Value CallGridSlice(EngineCall& call);
+Value CallGridTransform(EngineCall& call);
 Value CallGridVolume(EngineCall& call);
 
 }  // namespace crownlab

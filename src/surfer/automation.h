@@ -94,6 +94,9 @@ public:
     // One for each kind of number: left to themselves a flag and a fraction would go through the whole number.
     void Set(std::string_view member, bool value) const { Set(member, Value(value)); }
     void Set(std::string_view member, int value) const { Set(member, Value(static_cast<double>(value))); }
+    // One for each kind of number: left to themselves a flag and a fraction would go through the whole number.
+    void Set(std::string_view member, bool value) const { Set(member, Value(value)); }
+    void Set(std::string_view member, int value) const { Set(member, Value(static_cast<double>(value))); }
     void Set(std::string_view member, double value) const { Set(member, Value(value)); }
     void Set(std::string_view member, const char* value) const { Set(member, Value(std::string(value))); }
     Value Call(std::string_view member, const Arguments& arguments = {}) const;
