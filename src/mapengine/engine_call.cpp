@@ -29,9 +29,7 @@ Value AsCall(std::string_view member, const std::function<Value()>& act) {
         return act();
     } catch (const Failure& failure) {
         if (failure.Kind() == FailureKind::OutOfMemory) throw;
-        FailMember(member, failure.Kind() == FailureKind::AutomationFailed
-                               ? failure.Object()
-                               : std::string(FailureName(failure.Kind())) + ": " + failure.Object());
+        FailMember(member, SentenceOf(failure));
     } catch (const std::bad_alloc&) {
         throw Failure(FailureKind::OutOfMemory, std::string(member));
     } catch (const std::exception& error) {
@@ -40,6 +38,18 @@ Value AsCall(std::string_view member, const std::function<Value()>& act) {
 }
 
 void FailCall(const std::string& sentence) { throw Failure(FailureKind::AutomationFailed, sentence); }
+
+std::string SentenceOf(const Failure& failure) {
+    const std::string& object = failure.Object();
+    switch (failure.Kind()) {
+        case FailureKind::AutomationFailed: return object;
+        case FailureKind::FileNotFound: return "there is no file " + object;
+        case FailureKind::PathNotFound: return "there is no folder for the file " + object;
+        case FailureKind::PermissionDenied: return "access to the file " + object + " is denied";
+        case FailureKind::DiskFull: return "there is no room on the disk for the file " + object;
+        default: return std::string(FailureName(failure.Kind())) + ": " + object;
+    }
+}
 
 CallArguments::CallArguments(std::string_view member, const Positions& positions, const Arguments& given,
                              const Positions& onlyNamed)

@@ -9,10 +9,14 @@ std::span<const MemberEntry> GridMembers() {
         {"GridBlank", CallGridBlank},
         {"GridCalculus", CallGridCalculus},
         {"GridConvert", CallGridConvert},
+        {"GridData", CallGridData},
+        {"GridExtract", CallGridExtract},
         {"GridFilter", CallGridFilter},
+        {"GridMath", CallGridMath},
         {"GridMatrixSmooth", CallGridMatrixSmooth},
         {"GridResiduals", CallGridResiduals},
         {"GridSlice", CallGridSlice},
+        {"GridTransform", CallGridTransform},
         {"GridVolume", CallGridVolume},
     });
     return members;

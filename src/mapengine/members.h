@@ -20,10 +20,14 @@ std::span<const MemberEntry> GridMembers();
 Value CallGridBlank(EngineCall& call);
 Value CallGridCalculus(EngineCall& call);
 Value CallGridConvert(EngineCall& call);
+Value CallGridData(EngineCall& call);
+Value CallGridExtract(EngineCall& call);
 Value CallGridFilter(EngineCall& call);
+Value CallGridMath(EngineCall& call);
 Value CallGridMatrixSmooth(EngineCall& call);
 Value CallGridResiduals(EngineCall& call);
 Value CallGridSlice(EngineCall& call);
+Value CallGridTransform(EngineCall& call);
 Value CallGridVolume(EngineCall& call);
 
 }  // namespace crownlab
