@@ -16,6 +16,7 @@ struct DigitiseStep {
     std::vector<std::string> Prompt;  ///< first lines of the box
     std::string File = "digit.dat";   ///< name under which the points are to be saved, in `Folder`
     std::string CopySuffix;           ///< the working copy is `Folder` `Base` and this
+    std::string Extension = ".grd";   ///< the grid's, for the map that the box offers
 
     std::string DigitPath() const { return Folder + File; }
     std::string CopyPath() const { return Folder + Base + CopySuffix; }
