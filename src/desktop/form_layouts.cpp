@@ -5,10 +5,12 @@
 
 #include "ui_frmAbout.h"
 #include "ui_frmCSVView.h"
+#include "ui_frmConversion.h"
 #include "ui_frmDefDir.h"
 #include "ui_frmPtCloud.h"
 #include "ui_frmSaveFile.h"
 #include "ui_frmStartup.h"
+#include "ui_frmSurfFns.h"
 
 namespace crownlab {
 namespace {
@@ -24,14 +26,16 @@ struct FormLayout {
     void (*SetUp)(QWidget& window);
 };
 
-constexpr std::array<FormLayout, 6> kLayouts{{
+constexpr auto kLayouts = std::to_array<FormLayout>({
     {"frmStartup", SetUp<Ui::frmStartup>},
     {"frmDefDir", SetUp<Ui::frmDefDir>},
     {"frmAbout", SetUp<Ui::frmAbout>},
     {"frmSaveFile", SetUp<Ui::frmSaveFile>},
+    {"frmConversion", SetUp<Ui::frmConversion>},
     {"frmPtCloud", SetUp<Ui::frmPtCloud>},
+    {"frmSurfFns", SetUp<Ui::frmSurfFns>},
     {"frmCSVView", SetUp<Ui::frmCSVView>},
-}};
+});
 
 }  // namespace
 
