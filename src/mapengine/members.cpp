@@ -9,6 +9,7 @@ std::span<const MemberEntry> GridMembers() {
         {"GridBlank", CallGridBlank},
         {"GridCalculus", CallGridCalculus},
         {"GridConvert", CallGridConvert},
+        {"GridData", CallGridData},
         {"GridExtract", CallGridExtract},
         {"GridFilter", CallGridFilter},
         {"GridMath", CallGridMath},
