@@ -9,9 +9,9 @@
 #include "basis/field_reader.h"
 #include "basis/memory_limit.h"
 #include "basis/number_text.h"
-#include "basis/paths.h"
 #include "basis/text.h"
 #include "mapengine/engine_call.h"
+#include "mapengine/input_file.h"
 
 namespace crownlab {
 namespace {
@@ -134,7 +134,7 @@ std::uint64_t MostRecords(std::string_view text) {
 }  // namespace
 
 DataPoints ReadDataFile(const std::string& path, const DataColumns& columns) {
-    const FileText file = ReadFileText(path);
+    const FileText file = ReadInputFile(path);
     const std::string_view text = WithoutByteOrderMark(file.View());
     const std::uint64_t most = MostRecords(text);
     RequireMemory(most * sizeof(DataPoint), path);

@@ -17,7 +17,7 @@ struct DataColumns {
 
 /// Reads data records, a line each: fields separated by commas, blanks or tabs, of which the named columns are
 /// numbers. Lines of nothing but blanks are skipped. AutomationFailed, with file and line, for a line of too few
-/// fields and for a field that is no number; what reading a file throws; OutOfMemory.
+/// fields, for a field that is no number and for a file that can't be read; OutOfMemory.
 DataPoints ReadDataFile(const std::string& path, const DataColumns& columns);
 
 /// The number of an exclusion filter "Z > number": points above it are left out. Blanks and letter case don't matter;

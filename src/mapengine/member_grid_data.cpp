@@ -6,6 +6,7 @@
 
 #include "basis/failure.h"
 #include "mapengine/data_file.h"
+#include "mapengine/engine_session.h"
 #include "mapengine/grid_file.h"
 #include "mapengine/gridding_report.h"
 #include "mapengine/members.h"
@@ -154,7 +155,9 @@ ScatteredGrid GridFacts(const EngineCall& call, const GriddingFacts& facts, Grid
 
 Value CallGridData(EngineCall& call) {
     const CallArguments arguments(call.Member, PositionsOfGridData(), call.Given, {"ExclusionFilter", "OutFmt"});
-    GriddingFacts facts{.DataFile = arguments.Text("DataFile"), .OutGrid = arguments.Text("OutGrid")};
+    GriddingFacts facts;
+    facts.DataFile = arguments.Text("DataFile");
+    facts.OutGrid = arguments.Text("OutGrid");
     const MethodNumber& method = MethodOf(call, arguments);
     if (method.Method == GriddingMethod::Plane) RequirePlaneOrders(arguments);
     const DataColumns columns = ColumnsFrom(call, arguments);
