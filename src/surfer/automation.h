@@ -86,18 +86,11 @@ public:
     /// An object passed through on the way to another.
     LateBound Object(std::string_view member, const Arguments& arguments = {}) const;
     void Set(std::string_view member, const Value& value) const;
-    // One for each kind: left to itself, overload resolution would make whole numbers of fractions and of True.
+    // One for each kind of number: left to themselves a flag and a fraction would go through the whole number.
     void Set(std::string_view member, bool value) const { Set(member, Value(value)); }
-    void Set(std::string_view member, double value) const { Set(member, Value(value)); }
     void Set(std::string_view member, int value) const { Set(member, Value(static_cast<double>(value))); }
+    void Set(std::string_view member, double value) const { Set(member, Value(value)); }
     void Set(std::string_view member, const std::string& value) const { Set(member, Value(value)); }
-    // One for each kind of number: left to themselves a flag and a fraction would go through the whole number.
-    void Set(std::string_view member, bool value) const { Set(member, Value(value)); }
-    void Set(std::string_view member, int value) const { Set(member, Value(static_cast<double>(value))); }
-    // One for each kind of number: left to themselves a flag and a fraction would go through the whole number.
-    void Set(std::string_view member, bool value) const { Set(member, Value(value)); }
-    void Set(std::string_view member, int value) const { Set(member, Value(static_cast<double>(value))); }
-    void Set(std::string_view member, double value) const { Set(member, Value(value)); }
     void Set(std::string_view member, const char* value) const { Set(member, Value(std::string(value))); }
     Value Call(std::string_view member, const Arguments& arguments = {}) const;
     /// A call whose result is an object.
