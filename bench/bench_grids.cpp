@@ -3,14 +3,31 @@
 #include <cmath>
 
 namespace crownlab::bench {
+namespace {
 
-Grid SmoothGrid(int side) {
-    Grid grid(GridGeometry{.Columns = side, .Rows = side, .XMin = 0, .XMax = 10, .YMin = 0, .YMax = 8});
+GridGeometry ShapeOf(int side) { return {.Columns = side, .Rows = side, .XMin = 0, .XMax = 12, .YMin = 0, .YMax = 9}; }
+
+}  // namespace
+
+Grid SmoothGrid(int side, bool blanked) {
+    Grid grid(ShapeOf(side));
     for (int row = 0; row < side; ++row) {
+        const double y = grid.Shape.Y(row);
         for (int column = 0; column < side; ++column) {
-            const double u = 0.4 * grid.Shape.X(column), v = 0.3 * grid.Shape.Y(row);
-            grid.At(column, row) = 3 + std::sin(u) * std::cos(v) + 0.1 * std::sin(3 * (u + v));
+            const double x = grid.Shape.X(column);
+            const double dx = (x - 6) / 6;
+            const double dy = (y - 4.5) / 4.5;
+            if (blanked && dx * dx + dy * dy > 0.95) continue;
+            grid.At(column, row) = std::sin(x) * std::cos(1.3 * y);
         }
+    }
+    return grid;
+}
+
+Grid PlaneGrid(int side) {
+    Grid grid(ShapeOf(side));
+    for (int row = 0; row < side; ++row) {
+        for (int column = 0; column < side; ++column) grid.At(column, row) = 0.1 * grid.Shape.X(column) - 0.6;
     }
     return grid;
 }

@@ -4,7 +4,11 @@
 
 namespace crownlab::bench {
 
-/// Smooth, crown-like heights on `side` by `side` nodes over 0 to 10 by 0 to 8, with all the digits they have.
-Grid SmoothGrid(int side);
+/// Smooth, crown-like heights of `side` by `side` nodes between -1 and 1, with a ring of blank nodes around an oval
+/// in the middle if `blanked`.
+Grid SmoothGrid(int side, bool blanked);
+
+/// A plane that cuts the heights above in their middle.
+Grid PlaneGrid(int side);
 
 }  // namespace crownlab::bench

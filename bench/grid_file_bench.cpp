@@ -23,7 +23,7 @@ void Tell(benchmark::State& state, const std::string& path) {
 void WriteFormat(benchmark::State& state, GridFormat format, std::int64_t bytesPerNode) {
     const ScratchFolder folder;
     const std::string path = folder.Path("grid.grd");
-    const Grid grid = SmoothGrid(static_cast<int>(state.range(0)));
+    const Grid grid = SmoothGrid(static_cast<int>(state.range(0)), false);
     FileTable files;
     for (auto _ : state) WriteGrid(files, path, grid, format);
     const auto least = static_cast<std::uintmax_t>(bytesPerNode * state.range(0) * state.range(0));
@@ -43,7 +43,7 @@ BENCHMARK(WriteBinaryGrid)->Apply(Sizes);
 void ReadFormat(benchmark::State& state, GridFormat format) {
     const ScratchFolder folder;
     const std::string path = folder.Path("grid.grd");
-    const Grid grid = SmoothGrid(static_cast<int>(state.range(0)));
+    const Grid grid = SmoothGrid(static_cast<int>(state.range(0)), false);
     FileTable files;
     WriteGrid(files, path, grid, format);
     Grid read = ReadGrid(path);
