@@ -149,7 +149,7 @@ TEST_F(Worksheets, SavingReplacesAnOlderFileAndNamesTheSheet) {
 TEST_F(Worksheets, SavingToAMissingFolderFails) {
     Engine.Session().OpenWorksheet({.Path = {}, .Rows = {{"1"}}});
     const std::string path = "Occlusal vector/volume.dat";
-    EXPECT_TRUE(Fails([&] { Six().Call("FileSaveAs", {path}); }, "FileSaveAs: PathNotFound"));
+    EXPECT_TRUE(Fails([&] { Six().Call("FileSaveAs", {path}); }, "FileSaveAs: there is no folder for the file "));
     EXPECT_TRUE(Fails([&] { Six().Call("FileSaveAs", {""}); }, "FileName is empty"));
     EXPECT_TRUE(Fails([&] { Six().Call("FileSaveAs"); }, "FileName is missing"));
     EXPECT_EQ(Folder.EntryCount(), 0U);
