@@ -7,6 +7,7 @@
 #include <new>
 
 #include "basis/failure.h"
+#include "basis/number_text.h"
 #include "basis/text.h"
 
 namespace crownlab {
@@ -91,6 +92,18 @@ const Value& CallArguments::Require(std::string_view name) const {
     const Value* const value = Find(name);
     if (value == nullptr) Fail(name, "is missing");
     return *value;
+}
+
+bool CallArguments::IsNumber(std::string_view name) const {
+    const Value* const value = Find(name);
+    if (value == nullptr) return false;
+    if (const std::string* const text = std::get_if<std::string>(value)) {
+        const std::string number = Trimmed(*text);
+        double scanned = 0;
+        return !number.empty() &&
+               ScanNumber(number.data(), number.data() + number.size(), scanned) == number.data() + number.size();
+    }
+    return std::holds_alternative<double>(*value);
 }
 
 std::string CallArguments::Text(std::string_view name) const {

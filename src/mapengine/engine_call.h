@@ -31,6 +31,8 @@ public:
                   const Positions& onlyNamed = {});
 
     bool Has(std::string_view name) const { return Find(name) != nullptr; }
+    /// True if it is given as a number, or as a text that is one.
+    bool IsNumber(std::string_view name) const;
     /// Text that isn't empty.
     std::string Text(std::string_view name) const;
     std::optional<std::string> OptionalText(std::string_view name) const;

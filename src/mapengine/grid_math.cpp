@@ -93,48 +93,71 @@ private:
     FailCall("the formula " + QuotedText(function) + " can't be understood: " + why);
 }
 
+constexpr std::string_view kBlanks = " \t";
+
+/// Where the formula starts behind "C=" or "C =".
+std::size_t BehindEqualsSign(std::string_view function) {
+    const std::size_t name = function.find_first_not_of(kBlanks);
+    if (name != std::string_view::npos && (function[name] == 'C' || function[name] == 'c')) {
+        const std::size_t sign = function.find_first_not_of(kBlanks, name + 1);
+        if (sign != std::string_view::npos && function[sign] == '=') return sign + 1;
+    }
+    FailFormula(function, "it doesn't start with C=");
+}
+
 /// Walks over the formula word by word, as far as it takes to know which grids occur and that nothing stands in it
 /// which the parser would take in a sense of its own.
 class FormulaWords {
 public:
-    FormulaWords(std::string_view function, std::size_t start) : function_(function), at_(start) {}
+    explicit FormulaWords(std::string_view function) : function_(function), at_(BehindEqualsSign(function)) {
+        // Blanks in front, so that places that the parser speaks of are places in the whole text.
+        formula_.Text.assign(at_, ' ');
+    }
 
-    void Read(GridFormula& formula) {
+    GridFormula Read() {
         while (at_ < function_.size()) {
             const char c = function_[at_];
             if (IsLetter(c)) {
-                ReadName(formula);
+                TakeName();
             } else if (IsDigit(c) || c == '.') {
-                ReadNumber();
+                TakeNumber();
             } else if (std::string_view(" \t()+-*/^,").find(c) != std::string_view::npos) {
-                ++at_;
+                Take(1);
             } else {
-                FailFormula(function_, std::string("there is no operator ") + QuotedText({&c, 1}));
+                FailFormula(function_, "there is no operator " + QuotedText({&c, 1}));
             }
         }
+        return formula_;
     }
 
 private:
-    void ReadName(GridFormula& formula) {
-        const std::size_t first = at_;
-        while (at_ < function_.size() && (IsLetter(function_[at_]) || IsDigit(function_[at_]))) ++at_;
-        const std::string name = LowerCase(function_.substr(first, at_ - first));
-        if (name == "a") {
-            formula.HasA = true;
-        } else if (name == "b") {
-            formula.HasB = true;
-        } else if (!IsFunction(name)) {
-            FailFormula(function_,
-                        QuotedText(function_.substr(first, at_ - first)) + " is neither A, B nor a function");
-        }
+    void Take(std::size_t count) {
+        formula_.Text += LowerCase(function_.substr(at_, count));
+        at_ += count;
     }
-    void ReadNumber() {
+    void TakeName() {
+        std::size_t end = at_;
+        while (end < function_.size() && (IsLetter(function_[end]) || IsDigit(function_[end]))) ++end;
+        const std::string_view word = function_.substr(at_, end - at_);
+        const std::string name = LowerCase(word);
+        formula_.HasA = formula_.HasA || name == "a";
+        formula_.HasB = formula_.HasB || name == "b";
+        if (name == "a" || name == "b") return Take(word.size());
+        if (!IsFunction(name)) FailFormula(function_, QuotedText(word) + " is neither A, B nor a function");
+        // The parser wants a function's bracket right behind the name: blanks between them go before it.
+        const std::size_t next = std::min(function_.find_first_not_of(kBlanks, end), function_.size());
+        const bool hasBracket = next < function_.size() && function_[next] == '(';
+        if (hasBracket) formula_.Text.append(next - end, ' ');
+        Take(word.size());
+        if (hasBracket) at_ = next;
+    }
+    void TakeNumber() {
         const char* const first = function_.data() + at_;
         double value = 0;
         const char* const end = ScanNumber(first, function_.data() + function_.size(), value);
         if (end == first) FailFormula(function_, "a point is not a number");
         if (std::isinf(value)) FailFormula(function_, QuotedText({first, end}) + " is too large a number");
-        at_ += static_cast<std::size_t>(end - first);
+        Take(static_cast<std::size_t>(end - first));
     }
     static bool IsFunction(std::string_view name) {
         const auto isIt = [name](const NamedFunction& function) { return function.Name == name; };
@@ -143,27 +166,13 @@ private:
 
     std::string_view function_;
     std::size_t at_;
+    GridFormula formula_;
 };
-
-/// Where the formula starts behind "C=" or "C =".
-std::size_t BehindEqualsSign(std::string_view function) {
-    constexpr std::string_view blanks = " \t";
-    const std::size_t name = function.find_first_not_of(blanks);
-    if (name != std::string_view::npos && (function[name] == 'C' || function[name] == 'c')) {
-        const std::size_t sign = function.find_first_not_of(blanks, name + 1);
-        if (sign != std::string_view::npos && function[sign] == '=') return sign + 1;
-    }
-    FailFormula(function, "it doesn't start with C=");
-}
 
 }  // namespace
 
 GridFormula ParseGridFormula(std::string_view function) {
-    const std::size_t start = BehindEqualsSign(function);
-    GridFormula formula;
-    FormulaWords(function, start).Read(formula);
-    // Places that the parser speaks of are places in the whole text.
-    formula.Text = std::string(start, ' ') + LowerCase(function.substr(start));
+    const GridFormula formula = FormulaWords(function).Read();
     try {
         Evaluator evaluator(formula);
         evaluator.Of(1, 1);
