@@ -14,12 +14,12 @@ enum class GriddingMethod { InverseDistance, Kriging, Triangulation, Plane };
 
 /// The grid asked for; what is left open follows from the data.
 struct WantedGeometry {
-    std::optional<int> Columns;
-    std::optional<int> Rows;
-    std::optional<double> XMin;
-    std::optional<double> XMax;
-    std::optional<double> YMin;
-    std::optional<double> YMax;
+    std::optional<int> Columns = {};
+    std::optional<int> Rows = {};
+    std::optional<double> XMin = {};
+    std::optional<double> XMax = {};
+    std::optional<double> YMin = {};
+    std::optional<double> YMax = {};
 };
 
 /// Open limits are the data's; of open counts the one along the longer side is 100, the other in proportion, two at
