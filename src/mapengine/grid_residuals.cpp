@@ -17,6 +17,12 @@ bool IsNumber(std::string_view field, double& value) {
     return !field.empty() && ScanNumber(field.data(), last, value) == last && std::isfinite(value);
 }
 
+/// A worksheet quotes its texts itself where they need it.
+std::string_view WithoutQuotes(std::string_view field) {
+    const bool quoted = field.size() >= 2 && field.front() == '"' && field.back() == '"';
+    return quoted ? field.substr(1, field.size() - 2) : field;
+}
+
 /// One line of the data.
 class DataRecord {
 public:
@@ -44,7 +50,7 @@ public:
         texts.reserve(fields_.size() + 1);
         for (const std::string_view field : fields_) {
             double value = 0;
-            texts.push_back(IsNumber(field, value) ? GeneralText(value) : std::string(field));
+            texts.push_back(IsNumber(field, value) ? GeneralText(value) : std::string(WithoutQuotes(field)));
         }
         return texts;
     }
@@ -64,11 +70,11 @@ double ResidualOf(const Grid& grid, double x, double y, double z) {
 
 }  // namespace
 
-Worksheet Residuals(const Grid& grid, std::string_view data, const std::string& name, const ResidualColumns& columns) {
-    Worksheet sheet;
-    FieldReader lines(WithoutByteOrderMark(data), name);
+Worksheet Residuals(const Grid& grid, std::string_view data, const std::string& path, const ResidualColumns& columns) {
+    Worksheet sheet{.Path = path, .Rows = {}, .Separator = ','};
+    FieldReader lines(WithoutByteOrderMark(data), path);
     for (std::uint64_t number = 1; !lines.AtEnd(); ++number) {
-        const DataRecord record(lines.ReadLine(), name + ", line " + std::to_string(number));
+        const DataRecord record(lines.ReadLine(), path + ", line " + std::to_string(number));
         if (record.IsEmpty()) continue;
         const double residual =
             ResidualOf(grid, record.Number(columns.X), record.Number(columns.Y), record.Number(columns.Z));

@@ -28,6 +28,10 @@ public:
     Value Eight(std::string_view member, const Arguments& arguments) {
         return engine_.Running("Surfer.Application")->Invoke(member, arguments);
     }
+    /// A member of the active document.
+    void ActiveDocument(std::string_view member) {
+        std::get<ObjectRef>(Eight("ActiveDocument", {}))->Invoke(member, {});
+    }
     std::string Path(const std::string& name) const { return folder_ / name; }
     /// Writes a grid file and returns its path.
     std::string Put(const std::string& name, const Grid& grid) {

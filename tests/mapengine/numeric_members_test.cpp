@@ -139,6 +139,35 @@ TEST(GridVolumeMember, SixWithALowerGridHasItsLastCellsSixLower) {
     EXPECT_NEAR(NumberIn(engine.Cell(40, 3)), 24 * std::numbers::sqrt2, 1e-12);
 }
 
+TEST(GridVolumeMember, SixReadsTheCellsBackFromTheSavedText) {
+    EngineForms engine;
+    const std::string grid = engine.Put("a.grd", Ramp());
+    const std::string saved = engine.Path("volume.dat");
+    engine.Six("FileNew", {});
+    engine.Six("GridVolume", {grid, None(), None(), 0});
+    engine.Six("FileSaveAs", {saved});
+    const Value handle = engine.Six("FileOpen", {saved, 1});
+    const auto cell = [&](int row, int column) {
+        return std::get<std::string>(engine.Six("GetWksCell", {Argument(handle), row, column}));
+    };
+    EXPECT_EQ(cell(4, 4), "5");
+    EXPECT_EQ(cell(4, 7), "4");
+    EXPECT_EQ(cell(5, 2), "1");
+    EXPECT_EQ(cell(6, 2), "2");
+    EXPECT_EQ(cell(7, 1), "0");
+    EXPECT_EQ(cell(7, 3), "4");
+    EXPECT_EQ(cell(8, 1), "0");
+    EXPECT_EQ(cell(8, 3), "6");
+    EXPECT_EQ(cell(9, 1), "2");
+    EXPECT_EQ(cell(9, 3), "6");
+    EXPECT_EQ(cell(21, 3), "96");
+    EXPECT_EQ(cell(27, 3), "24");
+    EXPECT_NEAR(NumberIn(cell(34, 3)), 24 * std::numbers::sqrt2, 1e-12);
+    EXPECT_NE(FileBytes(saved).find("5\t\trows\t4\r\n"), std::string::npos);
+    engine.Six("FileClose", {});
+    engine.Six("FileClose", {});
+}
+
 TEST(GridVolumeMember, EveryNumberOfTheSheetReadsBackTheSame) {
     EngineForms engine;
     const Grid grid = GridOf({.Columns = 3, .Rows = 3, .XMin = 1e-7, .XMax = 1e22, .YMin = -1234567.25, .YMax = 1e15},
@@ -448,29 +477,42 @@ TEST(GridMatrixSmoothMember, WrongArgumentsFail) {
 
 // ---- GridResiduals
 
-TEST(GridResidualsMember, AddsAFourthFieldUnderBothVersions) {
+TEST(GridResidualsMember, EightSavesTheDataFileItself) {
     EngineForms engine;
     const std::string grid = engine.Put("a.grd", Ramp());
     const std::string data = engine.PutText("d.dat", "0.5,1,0\r\n\r\n 1.25\t2  10\r\n9,9,0\r\n");
-    const std::string expected = "0.5,1,0,-2.5\r\n1.25,2,10,6.75\r\n9,9,0,1.70141E+38\r\n";
     engine.Eight("GridResiduals", {{"InGrid", grid}, {"DataFile", data}});
-    EXPECT_EQ(WorksheetText(engine.Sheet(), ','), expected);
-    EXPECT_EQ(engine.Sheet().Path, data);
+    EXPECT_EQ(FileBytes(data).substr(0, 9), "0.5,1,0\r\n");  // until it is saved
+    engine.ActiveDocument("Save");
+    engine.ActiveDocument("Close");
+    EXPECT_EQ(FileBytes(data), "0.5,1,0,-2.5\r\n1.25,2,10,6.75\r\n9,9,0,1.70141E+38\r\n");
+    EXPECT_TRUE(engine.Sheet().Rows.empty());
+}
+
+TEST(GridResidualsMember, SixSavesWhereItIsTold) {
+    EngineForms engine;
+    const std::string grid = engine.Put("a.grd", Ramp());
+    const std::string text = "0.5,1,0\r\n1.23456789012345678,2,10\r\n";
+    const std::string data = engine.PutText("d.dat", text);
+    const std::string saved = "0.5,1,0,-2.5\r\n1.23456789012346,2,10,6.76543210987654\r\n";
     engine.Six("GridResiduals", {grid, data, 0, 1, 2, 3});
-    EXPECT_EQ(WorksheetText(engine.Sheet(), ','), expected);
-    EXPECT_EQ(FileBytes(data).substr(0, 7), "0.5,1,0");  // saving is another call
-    EXPECT_EQ(engine.EntryCount(), 2u);
+    engine.Six("FileSaveAs", {engine.Path("other.dat")});
+    EXPECT_EQ(FileBytes(engine.Path("other.dat")), saved);
+    EXPECT_EQ(FileBytes(data), text);
+    engine.Six("FileSaveAs", {data});
+    engine.Six("FileClose", {});
+    EXPECT_EQ(FileBytes(data), saved);
 }
 
 TEST(GridResidualsMember, OtherColumns) {
     EngineForms engine;
     const std::string grid = engine.Put("a.grd", Ramp());
-    const std::string data = engine.PutText("d.dat", "name,7,1,0.5\n");
+    const std::string data = engine.PutText("d.dat", "\"name\",7,1,0.5\n");
     engine.Six("GridResiduals", {grid, data, 3, 2, 1, 5});
-    EXPECT_EQ(WorksheetText(engine.Sheet(), ','), "name,7,1,0.5,,4.5\r\n");
+    EXPECT_EQ(WorksheetText(engine.Sheet()), "name,7,1,0.5,,4.5\r\n");
     engine.Eight("GridResiduals",
                  {{"InGrid", grid}, {"DataFile", data}, {"XCol", 4}, {"yCol", 3}, {"zCol", 2}, {"ResidCol", 1}});
-    EXPECT_EQ(WorksheetText(engine.Sheet(), ','), "4.5,7,1,0.5\r\n");
+    EXPECT_EQ(WorksheetText(engine.Sheet()), "4.5,7,1,0.5\r\n");
 }
 
 TEST(GridResidualsMember, BlankWhereTheGridHasNoHeight) {
