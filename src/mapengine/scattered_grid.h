@@ -33,7 +33,8 @@ struct ScatteredGrid {
 };
 
 /// Grids points, which are at different places. What a method needs of them, and what it throws, is told at
-/// KrigingGrid, InverseDistanceGrid, TriangulationGrid, FitPlane.
+/// KrigingGrid, InverseDistanceGrid, TriangulationGrid, FitPlane; AutomationFailed for a plane of numbers that aren't
+/// finite.
 ScatteredGrid GridPoints(GriddingMethod method, const DataPoints& points, const GridGeometry& shape,
                          Progress& progress);
 

@@ -272,6 +272,8 @@ TEST_F(GridData, WrongArgumentsAreNamed) {
                         {data_, -1, 1, 2, Absent(), Absent(), Absent(), Absent(), 5, 5, Absent(), Absent(), 6, out_},
                         "XCol is -1; the first column is 0"));
     EXPECT_TRUE(Refuses(kEight, with({"zCol", 4}), data_ + ": line 1 has 3 fields, 4 are needed"));
+    EXPECT_TRUE(Refuses(kSix, {{"DataFile", data_}, {"Algorithm", 3}, {"OutGrid", out_}, {"zCol", 2147483647}},
+                        data_ + ": line 1 has 3 fields"));
     EXPECT_TRUE(Refuses(kEight, with({"ExclusionFilter", "X > 5"}), "ExclusionFilter is \"X > 5\""));
     EXPECT_TRUE(Refuses(kEight, with({"RegrMaxXOrder", 2}), "RegrMaxXOrder is not 1"));
     EXPECT_TRUE(Refuses(kEight, with({"ShowReport", "yes"}), "ShowReport"));
@@ -350,6 +352,12 @@ TEST_F(GridData, OutputOverTheInputWorks) {
     const Value result = Call(kEight, {{"DataFile", data_}, {"Algorithm", 9}, {"OutGrid", data_}});
     EXPECT_EQ(TraceText(result), "True");
     ExpectPlane(ReadGrid(data_));
+}
+
+TEST_F(GridData, APlaneBeyondNumbersIsRefused) {
+    PutFile(data_, "0 0 -1.5E308\n1 0 -1E308\n0 1 -1E308\n");
+    EXPECT_TRUE(Refuses(kEight, {{"DataFile", data_}, {"Algorithm", 7}, {"OutGrid", out_}},
+                        data_ + ": the plane is beyond 64-bit floats"));
 }
 
 TEST_F(GridData, VeryLargeAndVerySmallPlacesAreGriddedAlike) {
