@@ -68,4 +68,8 @@ GridFormat FormatOfNumber(EngineVersion version, int number) {
     FailCall("OutFmt " + std::to_string(number) + " stands for no format");
 }
 
+GridFormat OutputFormat(EngineVersion version, const CallArguments& arguments) {
+    return arguments.Has("OutFmt") ? FormatOfNumber(version, arguments.Whole("OutFmt")) : DefaultFormat(version);
+}
+
 }  // namespace crownlab
