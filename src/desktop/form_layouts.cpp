@@ -10,6 +10,7 @@
 #include "ui_frmPtCloud.h"
 #include "ui_frmSaveFile.h"
 #include "ui_frmStartup.h"
+#include "ui_frmSurfFns.h"
 
 namespace crownlab {
 namespace {
@@ -32,6 +33,7 @@ constexpr std::array<FormLayout, 7> kLayouts{{
     {"frmSaveFile", SetUp<Ui::frmSaveFile>},
     {"frmConversion", SetUp<Ui::frmConversion>},
     {"frmPtCloud", SetUp<Ui::frmPtCloud>},
+    {"frmSurfFns", SetUp<Ui::frmSurfFns>},
     {"frmCSVView", SetUp<Ui::frmCSVView>},
 }};
 
