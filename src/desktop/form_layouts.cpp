@@ -26,7 +26,7 @@ struct FormLayout {
     void (*SetUp)(QWidget& window);
 };
 
-constexpr std::array<FormLayout, 7> kLayouts{{
+constexpr auto kLayouts = std::to_array<FormLayout>({
     {"frmStartup", SetUp<Ui::frmStartup>},
     {"frmDefDir", SetUp<Ui::frmDefDir>},
     {"frmAbout", SetUp<Ui::frmAbout>},
@@ -35,7 +35,7 @@ constexpr std::array<FormLayout, 7> kLayouts{{
     {"frmPtCloud", SetUp<Ui::frmPtCloud>},
     {"frmSurfFns", SetUp<Ui::frmSurfFns>},
     {"frmCSVView", SetUp<Ui::frmCSVView>},
-}};
+});
 
 }  // namespace
 

@@ -61,7 +61,7 @@ bool TakeCorners(FrmPtCloud& form, std::size_t index, ExtractPlan& plan) {
     return false;
 }
 
-NodeRange RangeOf(const ExtractPlan& plan, const GridShape& grid) {
+GridPart RangeOf(const ExtractPlan& plan, const GridShape& grid) {
     if (!plan.Box) return {-1, -1, -1, -1};
     return RangeBetween(grid, plan.Box->LowerLeft, plan.Box->UpperRight);
 }

@@ -16,7 +16,7 @@ void ConvertGridByPosition(const Session& session, const std::string& inGrid, co
     if (session.IsEight()) session.SurferApp.Call("GridConvert", {inGrid, outFile, 4});
 }
 
-void ExtractGrid(const Session& session, const std::string& inGrid, const NodeRange& range, double step,
+void ExtractGrid(const Session& session, const std::string& inGrid, const GridPart& range, double step,
                  const std::string& outGrid) {
     if (session.IsSix()) {
         session.SurferApp.Call("GridExtract", {inGrid, range.FirstRow, range.FirstColumn, range.LastRow,

@@ -20,7 +20,7 @@ void BlankGrid(const Session& session, const std::string& inGrid, const std::str
 void ConvertGridByPosition(const Session& session, const std::string& inGrid, const std::string& outFile);
 
 /// Cuts columns and rows out of a grid, every `step` of both. -1 stands for what isn't given.
-void ExtractGrid(const Session& session, const std::string& inGrid, const NodeRange& range, double step,
+void ExtractGrid(const Session& session, const std::string& inGrid, const GridPart& range, double step,
                  const std::string& outGrid);
 
 /// A formula over grids; an empty `inGridB` isn't given.
