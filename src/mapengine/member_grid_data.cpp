@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "basis/failure.h"
+#include "basis/text.h"
 #include "mapengine/data_file.h"
 #include "mapengine/engine_session.h"
 #include "mapengine/grid_file.h"
@@ -64,10 +65,7 @@ constexpr int kPlaneRowByArguments = 170;
 int PlaneRow(int algorithm) { return algorithm == kRegressionByArguments ? kPlaneRowByArguments : kPlaneRow; }
 
 bool HasRegression(const CallArguments& arguments) {
-    for (const std::string_view name : kRegression) {
-        if (arguments.Has(name)) return true;
-    }
-    return false;
+    return std::ranges::any_of(kRegression, [&](std::string_view name) { return arguments.Has(name); });
 }
 
 const MethodNumber& MethodOf(const EngineCall& call, const CallArguments& arguments) {
@@ -108,7 +106,7 @@ std::optional<double> ExcludedAbove(const CallArguments& arguments) {
     const std::optional<std::string> filter = arguments.OptionalText("ExclusionFilter");
     if (!filter) return std::nullopt;
     const std::optional<double> above = ParseExclusionFilter(*filter);
-    if (!above) arguments.Fail("ExclusionFilter", "is \"" + *filter + "\"; only \"Z > number\" is understood");
+    if (!above) arguments.Fail("ExclusionFilter", "is " + QuotedText(*filter) + R"(; only "Z > number" is understood)");
     return above;
 }
 
@@ -135,9 +133,10 @@ WantedGeometry WantedFrom(const CallArguments& arguments) {
 /// Hands the plane over: "Surfer.APP" by the clipboard, "Surfer.Application" by a report.
 void LeaveReport(EngineCall& call, Worksheet report, const ScatteredGrid& result) {
     if (!call.IsSix()) {
-        call.Afterwards.push_back([report = std::move(report)](EngineSession& session) { session.OpenReport(report); });
+        call.Afterwards.emplace_back(
+            [report = std::move(report)](EngineSession& session) { session.OpenReport(report); });
     } else if (result.Plane) {
-        call.Afterwards.push_back(
+        call.Afterwards.emplace_back(
             [line = PlaneLine(*result.Plane)](EngineSession& session) { session.SetClipboardText(line); });
     }
 }
