@@ -3,8 +3,8 @@
 #include "basis/field_reader.h"
 #include "basis/paths.h"
 #include "basis/result_file.h"
-#include "bench_clouds.h"
 #include "bench_grids.h"
+#include "bench_surfaces.h"
 #include "formats/unblanked_points.h"
 #include "mapengine/grid_file.h"
 
