@@ -163,10 +163,9 @@ void FilterRow(const PaddedGrid& padded, const std::vector<Term>& terms, const G
     for (int column = 0; column < shape.Columns; column += kLanes) {
         AddUp(termRows, column, sums);
         const int lanes = std::min(kLanes, shape.Columns - column);
-        for (int i = 0; i < lanes; ++i) {
-            double& z = result[static_cast<std::size_t>(column + i)];
-            const auto lane = static_cast<std::size_t>(i);
-            if (!IsBlank(z)) z = Quotient(sums.Heights[lane], sums.Weights[lane]);
+        const auto nodes = result.subspan(static_cast<std::size_t>(column), static_cast<std::size_t>(lanes));
+        for (std::size_t lane = 0; lane < nodes.size(); ++lane) {
+            if (!IsBlank(nodes[lane])) nodes[lane] = Quotient(sums.Heights[lane], sums.Weights[lane]);
         }
     }
 }
