@@ -18,14 +18,14 @@ bool CornersInOrder(const PlanePoint& lowerLeft, const PlanePoint& upperRight) {
     return lowerLeft.x < upperRight.x && lowerLeft.y < upperRight.y;
 }
 
-NodeRange RangeBetween(const GridShape& grid, const PlanePoint& lowerLeft, const PlanePoint& upperRight) {
+GridPart RangeBetween(const GridShape& grid, const PlanePoint& lowerLeft, const PlanePoint& upperRight) {
     return {.FirstColumn = StepsTo(lowerLeft.x, grid.XMin, grid.SpacingX) + 2,
             .LastColumn = StepsTo(upperRight.x, grid.XMin, grid.SpacingX) + 1,
             .FirstRow = StepsTo(lowerLeft.y, grid.YMin, grid.SpacingY) + 2,
             .LastRow = StepsTo(upperRight.y, grid.YMin, grid.SpacingY) + 1};
 }
 
-NodeRange WholeRange(const GridShape& grid) {
+GridPart WholeRange(const GridShape& grid) {
     return {.FirstColumn = 1, .LastColumn = grid.NumCols, .FirstRow = 1, .LastRow = grid.NumRows};
 }
 

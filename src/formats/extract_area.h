@@ -6,12 +6,12 @@
 namespace crownlab {
 
 /// Columns and rows of a grid, counted from 1, both ends included.
-struct NodeRange {
+struct GridPart {
     double FirstColumn = 1;
     double LastColumn = 1;
     double FirstRow = 1;
     double LastRow = 1;
-    friend bool operator==(const NodeRange&, const NodeRange&) = default;
+    friend bool operator==(const GridPart&, const GridPart&) = default;
 };
 
 /// True if `lowerLeft` lies left of and below `upperRight`, both strictly.
@@ -25,9 +25,9 @@ bool CornersInOrder(const PlanePoint& lowerLeft, const PlanePoint& upperRight);
 ///            .  #  #  .        # nodes of the range
 ///            +  .  .  .
 ///        lower left
-NodeRange RangeBetween(const GridShape& grid, const PlanePoint& lowerLeft, const PlanePoint& upperRight);
+GridPart RangeBetween(const GridShape& grid, const PlanePoint& lowerLeft, const PlanePoint& upperRight);
 
 /// All nodes of the grid.
-NodeRange WholeRange(const GridShape& grid);
+GridPart WholeRange(const GridShape& grid);
 
 }  // namespace crownlab

@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <array>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -91,7 +93,8 @@ int ColumnFrom(const CallArguments& arguments, std::string_view name, int first,
     const int column = arguments.Whole(name, otherwise + first - 1);
     if (column < first)
         arguments.Fail(name, "is " + std::to_string(column) + "; the first column is " + std::to_string(first));
-    return column - first + 1;
+    // No line has as many fields as there are numbers.
+    return std::min(column, std::numeric_limits<int>::max() - 1) - first + 1;
 }
 
 DataColumns ColumnsFrom(const EngineCall& call, const CallArguments& arguments) {

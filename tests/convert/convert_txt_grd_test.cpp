@@ -147,7 +147,7 @@ TEST_F(ConvertTxtGrd, MapsAreMadeWhenAllGridsAre) {
     SetChecked(Form().chkPlotSurfer, true);
     SetChecked(Form().chkLabelSurfer, true);
     Press(Form().cmdConvert);
-    const std::string map = "Application.Documents.Item(Index=\"Plot1\").Shapes.AddReliefMap(GridFilename=\"b.grd\")";
+    const std::string map = R"(Application.Documents.Item(Index="Plot1").Shapes.AddReliefMap(GridFilename="b.grd"))";
     const std::size_t second = Trace.size() - 12;
     ASSERT_EQ(Trace.size(), 4u + 2u * 12u);
     // The second map: 18 to the right of the first, whose place is 18 + 10.19 less half its length of 12.
