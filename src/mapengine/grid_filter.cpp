@@ -152,7 +152,7 @@ double Quotient(double sum, double weights) {
 
 /// Filters one row into `result`, which holds the grid's own row: its blank nodes stay.
 void FilterRow(const PaddedGrid& padded, const std::vector<Term>& terms, const GridGeometry& shape, int row,
-               std::vector<TermRow>& termRows, double* result) {
+               std::vector<TermRow>& termRows, std::span<double> result) {
     termRows.clear();
     for (const Term& term : terms) {
         const int from = row + term.Row;
@@ -163,10 +163,9 @@ void FilterRow(const PaddedGrid& padded, const std::vector<Term>& terms, const G
     for (int column = 0; column < shape.Columns; column += kLanes) {
         AddUp(termRows, column, sums);
         const int lanes = std::min(kLanes, shape.Columns - column);
-        for (int i = 0; i < lanes; ++i) {
-            double& z = result[column + i];
-            const auto lane = static_cast<std::size_t>(i);
-            if (!IsBlank(z)) z = Quotient(sums.Heights[lane], sums.Weights[lane]);
+        const auto nodes = result.subspan(static_cast<std::size_t>(column), static_cast<std::size_t>(lanes));
+        for (std::size_t lane = 0; lane < nodes.size(); ++lane) {
+            if (!IsBlank(nodes[lane])) nodes[lane] = Quotient(sums.Heights[lane], sums.Weights[lane]);
         }
     }
 }
@@ -181,13 +180,15 @@ Grid FilterGrid(Grid grid, const FilterWeights& weights, int passes, Progress& p
         // The share done is that of all passes; only a single one tells its own.
         Progress ofPass;
         padded.Take(grid, ofPass);
-        ForEachBlock(grid.Shape.Rows, kBlockRows, passes == 1 ? progress : ofPass,
-                     [&](std::int64_t first, std::int64_t last) {
-                         std::vector<TermRow> termRows;
-                         for (auto row = static_cast<int>(first); row < static_cast<int>(last); ++row) {
-                             FilterRow(padded, terms, grid.Shape, row, termRows, grid.Z.data() + grid.Index(0, row));
-                         }
-                     });
+        ForEachBlock(
+            grid.Shape.Rows, kBlockRows, passes == 1 ? progress : ofPass, [&](std::int64_t first, std::int64_t last) {
+                std::vector<TermRow> termRows;
+                for (auto row = static_cast<int>(first); row < static_cast<int>(last); ++row) {
+                    FilterRow(
+                        padded, terms, grid.Shape, row, termRows,
+                        std::span(grid.Z).subspan(grid.Index(0, row), static_cast<std::size_t>(grid.Shape.Columns)));
+                }
+            });
         progress.SetShare((pass + 1.0) / passes);
     }
     return grid;
