@@ -53,7 +53,9 @@ GridShape ShapeByVolume(const LateBound& program, const std::string& gridFile, c
     return shape;
 }
 
-GridShape ShapeByInfo(Session& session, Services& app, const std::string& gridFile) {
+}  // namespace
+
+GridShape ReadGridShapeByInfo(Session& session, Services& app, const std::string& gridFile) {
     const HeightLimits own = ReadGridInfo(session, app, gridFile);
     const GridInfo& info = session.Info;
     return {.NumCols = info(1),
@@ -68,12 +70,10 @@ GridShape ShapeByInfo(Session& session, Services& app, const std::string& gridFi
             .ZMax = own.High};
 }
 
-}  // namespace
-
 GridShape ReadGridShape(Session& session, Services& app, const std::string& gridFile, const std::string& folder,
                         ShapeOf wanted) {
     if (session.IsSix()) return ShapeByVolume(session.SurferApp, gridFile, folder, wanted);
-    if (session.IsEight()) return ShapeByInfo(session, app, gridFile);
+    if (session.IsEight()) return ReadGridShapeByInfo(session, app, gridFile);
     return {};
 }
 

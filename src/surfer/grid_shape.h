@@ -18,4 +18,7 @@ enum class ShapeOf { Plan, PlanAndHeights };
 GridShape ReadGridShape(Session& session, Services& app, const std::string& gridFile, const std::string& folder,
                         ShapeOf wanted);
 
+/// The same by ReadGridInfo under both versions.
+GridShape ReadGridShapeByInfo(Session& session, Services& app, const std::string& gridFile);
+
 }  // namespace crownlab

@@ -44,7 +44,8 @@ std::optional<std::string> ExistingOutline(FrmSurfFns& form, int place) {
 /// Grids the heights round the bubbles anew, so that these are filled, and blanks the whole by the tooth's outline.
 void FillAndBlank(FrmSurfFns& form, BatchFile& file) {
     Session& session = SessionOf(form);
-    const GridShape shape = ReadGridShape(session, form.App, file.OutputPath, form.Label1.Caption, ShapeOf::Plan);
+    // By its nodes under both versions: this tool asks for no volume.
+    const GridShape shape = ReadGridShapeByInfo(session, form.App, file.OutputPath);
     const std::string text = file.Stem + "temp.dat";
     const std::string filled = file.Stem + "temp.grd";
     ConvertGridByName(session, file.OutputPath, text);
