@@ -68,6 +68,54 @@ TEST_F(BoundaryFile, AnOpenLineStaysAsItWasDrawn) {
     EXPECT_EQ(FileBytes(folder_ / "a.bln"), " 2             0 \r\n 0             0 \r\n 2.5          -1 \r\n");
 }
 
+class DigitisedAreas : public ::testing::Test {
+protected:
+    static std::vector<std::vector<PlanePoint>> Read(const std::string& bytes) {
+        PutFile("areas.dat", bytes);
+        return ReadDigitisedAreas("areas.dat");
+    }
+    static std::string Separators(int count) {
+        std::string text;
+        for (int i = 0; i < count; ++i) text += "-1\r\n";
+        return text;
+    }
+
+    TempFolder folder_;
+};
+
+using Areas = std::vector<std::vector<PlanePoint>>;
+
+TEST_F(DigitisedAreas, AreParted) {
+    EXPECT_EQ(Read("1,2\r\n3,4\r\n-1\r\n5 6\r\n"), (Areas{{{1, 2}, {3, 4}}, {{5, 6}}}));
+    EXPECT_EQ(Read("1,2"), (Areas{{{1, 2}}}));
+}
+
+TEST_F(DigitisedAreas, MayHaveNoPoint) {
+    EXPECT_EQ(Read("-1\n-1\n1,2\n-1\n"), (Areas{{}, {}, {{1, 2}}, {}}));
+    EXPECT_EQ(Read("-1"), (Areas{{}, {}}));
+    EXPECT_TRUE(FailsWith(FailureKind::SubscriptOutOfRange, [] { Read(""); }));
+}
+
+TEST_F(DigitisedAreas, ArePartedByExactlyThatLine) {
+    EXPECT_EQ(Read("-1,2\n-1\n-1 -1\n"), (Areas{{{-1, 2}}, {{-1, -1}}})) << "points with an x of -1";
+    for (const char* const line : {"-1 \n", " -1\n", "-1.0\n", "-1,\n"}) {
+        EXPECT_TRUE(FailsWith(FailureKind::InputPastEnd, [&] { Read("1,2\n" + std::string(line) + "3,4\n"); })) << line;
+    }
+}
+
+TEST_F(DigitisedAreas, HaveTwoNumbersALine) {
+    EXPECT_EQ(Read("1,2,9\n3,4\n"), (Areas{{{1, 2}, {3, 4}}}));
+    EXPECT_TRUE(FailsWith(FailureKind::InputPastEnd, [] { Read("1,2\n\n3,4\n"); }));
+    EXPECT_TRUE(FailsWith(FailureKind::TypeMismatch, [] { Read("1,x\n"); }));
+    EXPECT_TRUE(FailsWith(FailureKind::FileNotFound, [] { ReadDigitisedAreas("none.dat"); }));
+}
+
+TEST_F(DigitisedAreas, AreAThousandAtMost) {
+    EXPECT_EQ(Read(Separators(999) + "1,2\n").size(), 1000U);
+    EXPECT_TRUE(FailsWith(
+        FailureKind::SubscriptOutOfRange, [] { Read(Separators(1000) + "1,2\n"); }, "number of areas"));
+}
+
 TEST(InZone, TakesTheNextItemToTheNextFourteenthColumn) {
     EXPECT_EQ(InZone(" 1 "), " 1            ");
     EXPECT_EQ(InZone(" 123456789012 "), " 123456789012 ");
