@@ -38,16 +38,16 @@ std::vector<int> Lines(int count, int step) {
     return lines;
 }
 
-QRgb Shaded(QRgb colour, double light) {
+QRgb Shaded(const MapColour& colour, double light) {
     const auto part = [light](int channel) { return static_cast<int>(std::lround(channel * light)); };
-    return qRgb(part(qRed(colour)), part(qGreen(colour)), part(qBlue(colour)));
+    return qRgb(part(colour.Red), part(colour.Green), part(colour.Blue));
 }
 
 /// The nodes that are drawn, projected, and what the colour of a cell is reckoned from.
 class Mesh {
 public:
-    Mesh(const PlotMap& map, const SurfaceView& view, const HeightColour& colour, const SurfaceDetail& detail)
-        : map_(map), grid_(*map.Nodes), colour_(colour), light_(TowardsLight(map.Layer)) {
+    Mesh(const PlotMap& map, const SurfaceView& view, const PaletteTable& colours, const SurfaceDetail& detail)
+        : map_(map), grid_(*map.Nodes), colours_(colours), light_(TowardsLight(map.Layer)) {
         const int longer = std::max(grid_.Shape.Columns, grid_.Shape.Rows) - 1;
         const int step = std::max(1, (longer + detail.MostCells - 1) / std::max(1, detail.MostCells));
         columns_ = Lines(grid_.Shape.Columns, step);
@@ -130,7 +130,8 @@ private:
             (light_.Z - east * light_.X - north * light_.Y) / std::sqrt(1 + east * east + north * north);
         // Where heights are too far apart for the arithmetic, the cell stands upright and in the dark.
         const double lit = std::isfinite(cosine) ? std::clamp(cosine, 0.0, 1.0) : 0;
-        return Shaded(colour_(MeanShare(column, row)), kAmbient + (1 - kAmbient) * lit);
+        const HeightRange shares{.Low = 0, .High = 1};
+        return Shaded(HeightColour(colours_, shares, MeanShare(column, row)), kAmbient + (1 - kAmbient) * lit);
     }
 
     double MeanShare(int column, int row) const {
@@ -171,7 +172,7 @@ private:
 
     const PlotMap& map_;
     const Grid& grid_;
-    const HeightColour& colour_;
+    const PaletteTable& colours_;
     Direction light_;
     int meshStep_ = 0;
     std::vector<int> columns_;
@@ -185,9 +186,9 @@ private:
 
 }  // namespace
 
-void DrawSurface(QPainter& painter, const PlotMap& map, const SurfaceView& view, const HeightColour& colour,
+void DrawSurface(QPainter& painter, const PlotMap& map, const SurfaceView& view, const PaletteTable& colours,
                  const SurfaceDetail& detail) {
-    const Mesh mesh(map, view, colour, detail);
+    const Mesh mesh(map, view, colours, detail);
     const std::vector<int> columns = FarToNear(mesh.XShares(), view.EyeX());
     const std::vector<int> rows = FarToNear(mesh.YShares(), view.EyeY());
     for (const int row : rows) {

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QRectF>
-#include <QRgb>
-#include <functional>
+#include "mapengine/height_colours.h"
 
 class QPainter;
 
@@ -10,9 +8,6 @@ namespace crownlab {
 
 struct PlotMap;
 class SurfaceView;
-
-/// Colour of a height, which is told as a share of the range of heights (0 lowest, 1 highest).
-using HeightColour = std::function<QRgb(double share)>;
 
 /// How fine a surface is drawn.
 struct SurfaceDetail {
@@ -25,7 +20,7 @@ struct SurfaceDetail {
 /// Draws the surface of the grid of a map of kind Surface as shaded quads, the far ones first, with lines of a mesh on
 /// them. Its colour is that of the height, darker where it is turned from the light (Lambert's cosine law with a share
 /// of light from all around). Cells with one blank corner are a triangle, with more than that nothing.
-void DrawSurface(QPainter& painter, const PlotMap& map, const SurfaceView& view, const HeightColour& colour,
+void DrawSurface(QPainter& painter, const PlotMap& map, const SurfaceView& view, const PaletteTable& colours,
                  const SurfaceDetail& detail);
 
 }  // namespace crownlab
