@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "basis/failure.h"
+#include "convert/frm_conversion.h"
 #include "pointcloud/frm_pt_cloud.h"
 #include "shell/frm_about.h"
 #include "shell/frm_def_dir.h"
@@ -27,6 +28,7 @@ void Application::AddMakers() {
     windows_.AddMaker("frmDefDir", [this] { return std::make_shared<FrmDefDir>(services_, shell_); });
     windows_.AddMaker("frmAbout", [this] { return std::make_shared<FrmAbout>(services_); });
     windows_.AddMaker("frmSaveFile", [this] { return std::make_shared<FrmSaveFile>(services_, shell_); });
+    windows_.AddMaker("frmConversion", [this] { return std::make_shared<FrmConversion>(services_, shell_); });
     windows_.AddMaker("frmPtCloud", [this] { return std::make_shared<FrmPtCloud>(services_, shell_); });
     windows_.AddMaker("frmCSVView", [this] { return std::make_shared<FrmCSVView>(services_, shell_); });
 }

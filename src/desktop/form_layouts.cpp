@@ -5,6 +5,7 @@
 
 #include "ui_frmAbout.h"
 #include "ui_frmCSVView.h"
+#include "ui_frmConversion.h"
 #include "ui_frmDefDir.h"
 #include "ui_frmPtCloud.h"
 #include "ui_frmSaveFile.h"
@@ -24,11 +25,12 @@ struct FormLayout {
     void (*SetUp)(QWidget& window);
 };
 
-constexpr std::array<FormLayout, 6> kLayouts{{
+constexpr std::array<FormLayout, 7> kLayouts{{
     {"frmStartup", SetUp<Ui::frmStartup>},
     {"frmDefDir", SetUp<Ui::frmDefDir>},
     {"frmAbout", SetUp<Ui::frmAbout>},
     {"frmSaveFile", SetUp<Ui::frmSaveFile>},
+    {"frmConversion", SetUp<Ui::frmConversion>},
     {"frmPtCloud", SetUp<Ui::frmPtCloud>},
     {"frmCSVView", SetUp<Ui::frmCSVView>},
 }};

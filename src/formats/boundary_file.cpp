@@ -17,6 +17,16 @@ std::vector<PlanePoint> ReadPoints(FieldReader& reader, std::uint64_t count) {
     return points;
 }
 
+void WriteHead(ResultFile& file, std::size_t count, BoundaryFlag flag) {
+    file.Write(InZone(PrintNumberText(static_cast<double>(count))));
+    if (flag.As == BoundaryFlag::Form::Text) {
+        file.Write(std::to_string(flag.Sense));
+    } else {
+        file.PrintNumber(flag.Sense);
+    }
+    file.EndLine();
+}
+
 void WritePoint(ResultFile& file, const PlanePoint& point) {
     file.Write(InZone(PrintNumberText(point.x)));
     file.PrintNumber(point.y);
@@ -40,15 +50,14 @@ std::vector<PlanePoint> ReadDigitisedPoints(const std::string& path, int count) 
 }
 
 void WriteRing(ResultFile& file, std::span<const PlanePoint> points, BoundaryFlag flag) {
-    file.Write(InZone(PrintNumberText(static_cast<double>(points.size() + 1))));
-    if (flag.As == BoundaryFlag::Form::Text) {
-        file.Write(std::to_string(flag.Sense));
-    } else {
-        file.PrintNumber(flag.Sense);
-    }
-    file.EndLine();
+    WriteHead(file, points.size() + 1, flag);
     for (const PlanePoint& point : points) WritePoint(file, point);
     WritePoint(file, points.front());
+}
+
+void WriteOpenLine(ResultFile& file, std::span<const PlanePoint> points, BoundaryFlag flag) {
+    WriteHead(file, points.size(), flag);
+    for (const PlanePoint& point : points) WritePoint(file, point);
 }
 
 void WriteRingFile(FileTable& files, const std::string& path, std::span<const PlanePoint> points, BoundaryFlag flag) {

@@ -35,6 +35,9 @@ std::vector<PlanePoint> ReadDigitisedPoints(const std::string& path, int count);
 /// point once more. `points` isn't empty.
 void WriteRing(ResultFile& file, std::span<const PlanePoint> points, BoundaryFlag flag);
 
+/// A line that isn't closed: a head line with the number of points and the flag, then the points.
+void WriteOpenLine(ResultFile& file, std::span<const PlanePoint> points, BoundaryFlag flag);
+
 /// A boundary file of one ring.
 void WriteRingFile(FileTable& files, const std::string& path, std::span<const PlanePoint> points, BoundaryFlag flag);
 

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 #include <limits>
+#include <new>
 
 #include "basis/failure.h"
 #include "basis/text.h"
@@ -14,7 +16,27 @@ bool IsIn(const Positions& names, std::string_view name) {
     return std::any_of(names.begin(), names.end(), [&](std::string_view known) { return EqualNoCase(known, name); });
 }
 
+[[noreturn]] void FailMember(std::string_view member, const std::string& why) {
+    const std::string name(member);
+    FailCall(why.compare(0, name.size(), name) == 0 ? why : name + ": " + why);
+}
+
 }  // namespace
+
+Value AsCall(std::string_view member, const std::function<Value()>& act) {
+    try {
+        return act();
+    } catch (const Failure& failure) {
+        if (failure.Kind() == FailureKind::OutOfMemory) throw;
+        FailMember(member, failure.Kind() == FailureKind::AutomationFailed
+                               ? failure.Object()
+                               : std::string(FailureName(failure.Kind())) + ": " + failure.Object());
+    } catch (const std::bad_alloc&) {
+        throw Failure(FailureKind::OutOfMemory, std::string(member));
+    } catch (const std::exception& error) {
+        FailMember(member, error.what());
+    }
+}
 
 void FailCall(const std::string& sentence) { throw Failure(FailureKind::AutomationFailed, sentence); }
 
@@ -71,6 +93,10 @@ std::string CallArguments::Text(std::string_view name) const {
 std::optional<std::string> CallArguments::OptionalText(std::string_view name) const {
     if (!Has(name)) return std::nullopt;
     return Text(name);
+}
+
+std::string CallArguments::NameOrNumber(std::string_view name) const {
+    return TextOf(Require(name), std::string(member_) + ": " + std::string(name));
 }
 
 double CallArguments::Number(std::string_view name) const {

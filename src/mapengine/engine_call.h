@@ -33,6 +33,8 @@ public:
     /// Text that isn't empty.
     std::string Text(std::string_view name) const;
     std::optional<std::string> OptionalText(std::string_view name) const;
+    /// A text, or a number's general text.
+    std::string NameOrNumber(std::string_view name) const;
     /// A finite number; a number sent as text is one.
     double Number(std::string_view name) const;
     double Number(std::string_view name, double otherwise) const;
@@ -78,5 +80,9 @@ using GridMember = Value (*)(EngineCall& call);
 
 /// AutomationFailed with that sentence.
 [[noreturn]] void FailCall(const std::string& sentence);
+
+/// Runs `act`. What it throws becomes AutomationFailed with the member's name in front, save for a lack of memory,
+/// which becomes OutOfMemory.
+Value AsCall(std::string_view member, const std::function<Value()>& act);
 
 }  // namespace crownlab

@@ -21,14 +21,15 @@ const std::string& NameOf(const DocumentRef& document) {
     return std::visit([](const auto& open) -> const std::string& { return open->Name; }, document);
 }
 
+std::string FileNameOf(const std::string& path) { return std::filesystem::path(path).filename().string(); }
+
 void EngineSession::CloseReport() {
     if (!reports_.empty()) reports_.pop_back();
 }
 
 SheetRef EngineSession::OpenWorksheet(Worksheet sheet) {
     auto document = std::make_shared<SheetDocument>();
-    document->Name = sheet.Path.empty() ? "Sheet" + std::to_string(++sheetsNamed_)
-                                        : std::filesystem::path(sheet.Path).filename().string();
+    document->Name = sheet.Path.empty() ? "Sheet" + std::to_string(++sheetsNamed_) : FileNameOf(sheet.Path);
     document->Sheet = std::move(sheet);
     document->Handle = ++handles_;
     documents_.push_back(document);

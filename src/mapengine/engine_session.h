@@ -27,6 +27,8 @@ using SheetRef = std::shared_ptr<SheetDocument>;
 using DocumentRef = std::variant<PlotRef, SheetRef>;
 
 const std::string& NameOf(const DocumentRef& document);
+/// The name in a path, by which worksheets are known.
+std::string FileNameOf(const std::string& path);
 
 /// What one session of the engine has open. Only touched on the thread that makes the calls.
 class EngineSession {

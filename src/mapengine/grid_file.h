@@ -6,6 +6,7 @@
 
 namespace crownlab {
 
+class CallArguments;
 class FileTable;
 enum class EngineVersion;
 
@@ -29,5 +30,8 @@ void WriteGrid(FileTable& files, const std::string& path, const Grid& grid, Grid
 /// number that stands for nothing.
 GridFormat DefaultFormat(EngineVersion version);
 GridFormat FormatOfNumber(EngineVersion version, int number);
+
+/// The format that a call's `OutFmt` asks for, or its class's own.
+GridFormat OutputFormat(EngineVersion version, const CallArguments& arguments);
 
 }  // namespace crownlab

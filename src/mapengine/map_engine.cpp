@@ -2,9 +2,14 @@
 
 #include <chrono>
 #include <future>
-#include <new>
 
-#include "basis/failure.h"
+#ifdef _WIN32
+#include <process.h>
+#define getpid _getpid
+#else
+#include <unistd.h>
+#endif
+
 #include "basis/text.h"
 #include "mapengine/application_object.h"
 #include "mapengine/members.h"
@@ -14,27 +19,6 @@ namespace {
 
 /// How often the host hears of a running call.
 constexpr std::chrono::milliseconds kTick{50};
-
-[[noreturn]] void FailMember(std::string_view member, const std::string& why) {
-    const std::string name(member);
-    FailCall(why.compare(0, name.size(), name) == 0 ? why : name + ": " + why);
-}
-
-/// The member itself; what it throws is said in the words of a failed call.
-Value Run(const MemberEntry& member, EngineCall& call) {
-    try {
-        return member.Run(call);
-    } catch (const Failure& failure) {
-        if (failure.Kind() == FailureKind::OutOfMemory) throw;
-        FailMember(member.Name, failure.Kind() == FailureKind::AutomationFailed
-                                    ? failure.Object()
-                                    : std::string(FailureName(failure.Kind())) + ": " + failure.Object());
-    } catch (const std::bad_alloc&) {
-        throw Failure(FailureKind::OutOfMemory, std::string(member.Name));
-    } catch (const std::exception& error) {
-        FailMember(member.Name, error.what());
-    }
-}
 
 }  // namespace
 
@@ -61,13 +45,28 @@ ObjectRef MapEngine::Running(std::string_view className) {
 ObjectRef MapEngine::Create(std::string_view className) {
     if (!Running(className)) return nullptr;
     session_ = MakeSession();
+    keys_ = {};
     if (observer_) observer_();
     return Running(className);
 }
 
-bool MapEngine::ActivateWindow(const std::string&) { return false; }
+bool MapEngine::ActivateWindow(const std::string& processIdOrTitle) {
+    const std::string title =
+        "Surfer - " + (session_->Documents().empty() ? std::string() : NameOf(session_->Documents().back()));
+    const bool named = !processIdOrTitle.empty() && title.compare(0, processIdOrTitle.size(), processIdOrTitle) == 0;
+    if (!named && processIdOrTitle != std::to_string(getpid())) return false;
+    keys_.SetInFront(true);
+    return true;
+}
 
-void MapEngine::SendKeys(const std::string&) {}
+void MapEngine::SendKeys(const std::string& keys) { keys_.Send(keys, *session_, files_); }
+
+Value MapEngine::RunAside(std::string_view member, Progress& progress, const std::function<Value()>& work) {
+    std::future<Value> result = std::async(std::launch::async, [&] { return AsCall(member, work); });
+    while (result.wait_for(kTick) != std::future_status::ready) host_.CallRuns(member, progress.Share());
+    host_.CallEnded();
+    return result.get();
+}
 
 Value MapEngine::RunMember(const MemberEntry& member, EngineVersion version, const Arguments& arguments,
                            EngineSession& session) {
@@ -78,10 +77,7 @@ Value MapEngine::RunMember(const MemberEntry& member, EngineVersion version, con
                     .Files = files_,
                     .Done = progress,
                     .Afterwards = {}};
-    std::future<Value> result = std::async(std::launch::async, [&] { return Run(member, call); });
-    while (result.wait_for(kTick) != std::future_status::ready) host_.CallRuns(member.Name, progress.Share());
-    host_.CallEnded();
-    Value value = result.get();
+    Value value = RunAside(member.Name, progress, [&] { return member.Run(call); });
     for (const auto& act : call.Afterwards) act(session);
     return value;
 }

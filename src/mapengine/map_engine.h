@@ -8,6 +8,7 @@
 #include "basis/result_file.h"
 #include "mapengine/engine_call.h"
 #include "mapengine/engine_session.h"
+#include "mapengine/report_keys.h"
 
 namespace crownlab {
 
@@ -32,8 +33,12 @@ public:
     /// another session became the one that attaching finds. It may only take note: a batch of maps calls it often.
     void SetObserver(std::function<void()> changed) { observer_ = std::move(changed); }
 
-    /// Runs a grid member on a worker thread; meanwhile the host is told how far it is. Every failure but a lack of
-    /// memory becomes AutomationFailed with the member's name.
+    FileTable& Files() { return files_; }
+
+    /// Runs the longer part of a call on a worker thread; meanwhile the host is told how far it is. Failures as AsCall
+    /// makes them.
+    Value RunAside(std::string_view member, Progress& progress, const std::function<Value()>& work);
+    /// Runs a grid member in this way.
     Value RunMember(const MemberEntry& member, EngineVersion version, const Arguments& arguments,
                     EngineSession& session);
 
@@ -44,6 +49,7 @@ private:
     std::function<void()> observer_;
     FileTable files_;
     std::shared_ptr<EngineSession> session_;
+    ReportKeys keys_;
 };
 
 }  // namespace crownlab

@@ -7,8 +7,7 @@ Value CallGridConvert(EngineCall& call) {
     const CallArguments arguments(call.Member, {"InGrid", "OutGrid", "OutFmt"}, call.Given);
     const std::string input = arguments.Text("InGrid");
     const std::string output = arguments.Text("OutGrid");
-    const GridFormat format =
-        arguments.Has("OutFmt") ? FormatOfNumber(call.Version, arguments.Whole("OutFmt")) : DefaultFormat(call.Version);
+    const GridFormat format = OutputFormat(call.Version, arguments);
     WriteGrid(call.Files, output, ReadGrid(input), format);
     return true;
 }

@@ -6,6 +6,7 @@ namespace crownlab {
 
 std::span<const MemberEntry> GridMembers() {
     static constexpr auto members = std::to_array<MemberEntry>({
+        {"GridBlank", CallGridBlank},
         {"GridConvert", CallGridConvert},
     });
     return members;

@@ -17,6 +17,7 @@ struct MemberEntry {
 std::span<const MemberEntry> GridMembers();
 
 // One source file each, member_grid_*.cpp.
+Value CallGridBlank(EngineCall& call);
 Value CallGridConvert(EngineCall& call);
 
 }  // namespace crownlab

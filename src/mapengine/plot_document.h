@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -98,6 +99,7 @@ struct PlotDocument {
     std::string Name;
     std::vector<PlotShape> Shapes;  ///< later ones lie over earlier ones
     TextFont DefaultFont;
+    std::vector<std::size_t> Selection;  ///< indices of the selected shapes
     /// Grows with every change.
     std::uint64_t Changes = 0;
     /// False once it was closed; a front end that holds it still may read it.

@@ -1,10 +1,14 @@
 #include "mapengine/worksheet.h"
 
-#include <string_view>
+#include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <utility>
 
 #include "basis/field_reader.h"
+#include "basis/memory_limit.h"
 #include "basis/paths.h"
+#include "basis/text.h"
 
 namespace crownlab {
 namespace {
@@ -37,6 +41,24 @@ std::vector<std::string> Fields(std::string_view line, char separator) {
     return fields;
 }
 
+/// A file of nothing but separators needs many times its size as a table.
+void RequireCells(std::string_view text, char separator, const std::string& path) {
+    const auto cells = static_cast<std::uint64_t>(std::count(text.begin(), text.end(), separator));
+    const std::uint64_t lines = CountLines(text);
+    RequireMemory((cells + lines) * sizeof(std::string) + lines * sizeof(std::vector<std::string>), path);
+}
+
+void AppendField(std::string& text, const std::string& field, char separator) {
+    const bool plain = field.find(separator) == std::string::npos && field.find('"') == std::string::npos;
+    if (plain) {
+        text += field;
+        return;
+    }
+    text += '"';
+    for (const char c : field) text += c == '"' ? std::string("\"\"") : std::string(1, c);
+    text += '"';
+}
+
 }  // namespace
 
 std::string Worksheet::Cell(int row, int column) const {
@@ -57,22 +79,43 @@ Worksheet ReadWorksheet(const std::string& path) {
     const FileText file = ReadFileText(path);
     const std::string_view text = WithoutByteOrderMark(file.View());
     const char separator = text.find('\t') != std::string_view::npos ? '\t' : ',';
-    Worksheet sheet{.Path = path, .Rows = {}};
+    RequireCells(text, separator, path);
+    Worksheet sheet{.Path = path, .Rows = {}, .Separator = separator};
     FieldReader lines(text, path);
     while (!lines.AtEnd()) sheet.Rows.push_back(Fields(lines.ReadLine(), separator));
     return sheet;
 }
 
-std::string WorksheetText(const Worksheet& sheet, char separator) {
+std::string WorksheetText(const Worksheet& sheet) {
     std::string text;
     for (const std::vector<std::string>& row : sheet.Rows) {
         for (std::size_t i = 0; i < row.size(); ++i) {
-            if (i > 0) text += separator;
-            text += row[i];
+            if (i > 0) text += sheet.Separator;
+            AppendField(text, row[i], sheet.Separator);
         }
         text += "\r\n";
     }
     return text;
+}
+
+std::optional<CellPlace> ParseCellLabel(std::string_view label) {
+    constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
+    constexpr int letters = 26;
+    const std::string lower = LowerCase(label);
+    std::size_t at = 0;
+    std::int64_t column = 0;
+    for (; at < lower.size() && lower[at] >= 'a' && lower[at] <= 'z'; ++at) {
+        column = column * letters + (lower[at] - 'a') + 1;
+        if (column > most) return std::nullopt;
+    }
+    std::int64_t row = 0;
+    const std::size_t digits = at;
+    for (; at < lower.size() && lower[at] >= '0' && lower[at] <= '9'; ++at) {
+        row = row * 10 + (lower[at] - '0');
+        if (row > most) return std::nullopt;
+    }
+    if (column == 0 || row == 0 || at < lower.size() || lower[digits] == '0') return std::nullopt;
+    return CellPlace{.Row = static_cast<int>(row), .Column = static_cast<int>(column)};
 }
 
 }  // namespace crownlab

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace crownlab {
@@ -9,6 +11,7 @@ namespace crownlab {
 struct Worksheet {
     std::string Path;  ///< file it was read from or is to be saved to, empty for none
     std::vector<std::vector<std::string>> Rows;
+    char Separator = '\t';  ///< between the columns of the file
 
     /// The text at row and column, both from 1; empty outside of the table.
     std::string Cell(int row, int column) const;
@@ -20,7 +23,16 @@ struct Worksheet {
 /// text are taken off. Throws what reading a file throws.
 Worksheet ReadWorksheet(const std::string& path);
 
-/// The table as text, columns separated by `separator`, CR LF.
-std::string WorksheetText(const Worksheet& sheet, char separator);
+/// The table as text, CR LF. A field that holds the separator or a quote stands in quotes.
+std::string WorksheetText(const Worksheet& sheet);
+
+/// Row and column, both from 1.
+struct CellPlace {
+    int Row = 0;
+    int Column = 0;
+};
+
+/// The place that a label like "B166" or "aa3" names; nothing if it is no label or beyond 32 bits.
+std::optional<CellPlace> ParseCellLabel(std::string_view label);
 
 }  // namespace crownlab

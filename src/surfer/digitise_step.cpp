@@ -10,6 +10,17 @@ namespace {
 /// In this order, as the boxes have always had it.
 constexpr const char* kBoxLineEnd = "\n\r";
 
+void WriteBoundary(FileTable& files, const DigitiseStep& step, const std::vector<PlanePoint>& points) {
+    if (step.Boundary == BoundaryKind::None) return;
+    ResultFile file(files, step.BoundaryPath());
+    if (step.Boundary == BoundaryKind::Ring) {
+        WriteRing(file, points, step.Flag);
+    } else {
+        WriteOpenLine(file, points, step.Flag);
+    }
+    file.Commit();
+}
+
 }  // namespace
 
 bool AskToDigitise(Services& app, const DigitiseStep& step) {
@@ -25,6 +36,15 @@ bool AskToDigitise(Services& app, const DigitiseStep& step) {
 
 void CopyDigitised(Services& app, const DigitiseStep& step) {
     WriteWholeFile(*app.Files, step.CopyPath(), ReadFileText(step.DigitPath()).View());
+}
+
+std::optional<std::vector<PlanePoint>> Digitise(Services& app, const DigitiseStep& step) {
+    if (!AskToDigitise(app, step)) return std::nullopt;
+    CopyDigitised(app, step);
+    std::vector<PlanePoint> points =
+        step.Points > 0 ? ReadDigitisedPoints(step.CopyPath(), step.Points) : ReadDigitisedPoints(step.CopyPath());
+    WriteBoundary(*app.Files, step, points);
+    return points;
 }
 
 }  // namespace crownlab

@@ -139,5 +139,31 @@ TEST(Screenshots, EveryPageOfThePointClouds) {
     Keep(window, "frmPtCloud-1280x800");
 }
 
+TEST(Screenshots, EveryPageOfTheConversion) {
+    DesktopSession session;
+    PutFile(session.Folder / "hill.txt", "0,0,1\n3.6,0,2\n0,2.7,1\n3.6,2.7,0.5\n");
+    PutFile(session.Folder / "upper molar.txt", "0,0,1\n");
+    QDir(QString::fromStdString(session.Folder.Path())).mkdir("teeth");
+    FormWindow& window = session.Open("frmConversion");
+    Keep(window, "frmConversion-opened");
+    session.Desk.Act("test", [&session] {
+        SelectEntry(session.Get<ComboBox>("frmConversion", "cmbFromFileType"), 1);
+        SelectEntry(session.Get<ComboBox>("frmConversion", "cmbToFileType"), 0);
+        Press(session.Get<CommandButton>("frmConversion", "cmdAddAllFilenames"));
+        Press(session.Get<CommandButton>("frmConversion", "cmdExamineFile"));
+    });
+    auto& tabs = session.Find<QTabWidget>("frmConversion", "SSTab1");
+    const std::array<const char*, 3> pages{"fields", "voxels", "grid"};
+    ASSERT_EQ(tabs.count(), static_cast<int>(pages.size()));
+    for (int i = 0; i < tabs.count(); ++i) {
+        tabs.setCurrentIndex(i);
+        Keep(window, ("frmConversion-" + std::string(pages[static_cast<std::size_t>(i)])).c_str());
+    }
+    EXPECT_TRUE(session.Get<OptionButton>("frmConversion", "optInGRD").Selected);
+    window.resize(window.minimumSizeHint());
+    Keep(window, "frmConversion-smallest");
+    std::printf("smallest %d x %d\n", window.width(), window.height());
+}
+
 }  // namespace
 }  // namespace crownlab
