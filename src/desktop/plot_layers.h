@@ -3,17 +3,22 @@
 #include <QImage>
 #include <QRectF>
 
+#include "mapengine/height_colours.h"
+
 class QPainter;
 
 namespace crownlab {
 
 struct PlotMap;
 
-/// The colour that a map gives to a height: its palette, in steps between the lines of a contour map.
-QRgb LayerColour(const PlotMap& map, double z);
+/// The colours that a map gives to heights, or to light and shade.
+MapPalette PaletteOf(const PlotMap& map);
 
-/// How a map shows its grid, as a picture that fills its frame, row 0 at the top; clear where the grid is blank. A
-/// contour map without colour scale has lines only: its picture is clear.
+/// True if a map has more than lines.
+bool HasPicture(const PlotMap& map);
+
+/// How a map shows its grid, as a picture that fills its frame, row 0 at the top; clear where the grid is blank. Lines
+/// aren't in it: a contour map without colour scale is clear.
 QImage LayerPicture(const PlotMap& map, QSize pixels);
 
 /// The lines of a contour map; nothing for the other kinds.

@@ -1,15 +1,15 @@
 #include "desktop/plot_legends.h"
 
-#include <QImage>
+#include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
 
 #include "basis/number_text.h"
+#include "desktop/map_painter.h"
 #include "desktop/plot_layers.h"
 #include "desktop/plot_page.h"
 #include "desktop/shown_text.h"
-#include "mapengine/axis_ticks.h"
 #include "mapengine/plot_document.h"
 
 namespace crownlab {
@@ -28,8 +28,7 @@ constexpr double kNarrowestCycle = 0.5;
 constexpr double kScaleAway = 24;
 constexpr double kScaleWidth = 14;
 constexpr double kLowestScale = 85;
-constexpr double kScaleTick = 3;
-constexpr double kScaleTickDistance = 24;
+constexpr double kScaleLine = 0.5;
 
 /// A scale bar as it stands on the drawing.
 struct BarPlace {
@@ -91,8 +90,8 @@ void DrawBar(QPainter& painter, const ScaleBar& bar, const BarPlace& place) {
     const int each = CyclesPerNumber(bar, place.Cycle);
     for (int i = 0; i <= bar.NumCycles; i += each) {
         const QString text = BarNumber(bar, i);
-        painter.drawText(NumberBox(place, place.Bar.left() + i * place.Cycle, text),
-                         Qt::AlignCenter | Qt::TextDontClip, text);
+        painter.drawText(NumberBox(place, place.Bar.left() + i * place.Cycle, text), Qt::AlignCenter | Qt::TextDontClip,
+                         text);
     }
 }
 
@@ -102,19 +101,6 @@ QRectF ScaleBox(const QRectF& frame) {
 }
 
 bool HasColourScale(const PlotMap& map) { return map.Layer.ShowColorScale && !IsBlank(map.Heights.Low); }
-
-AxisTicks ScaleTicks(const PlotMap& map, const QRectF& box) {
-    return TicksBetween(map.Heights.Low, map.Heights.High, std::max(2, static_cast<int>(box.height() / kScaleTickDistance)));
-}
-
-QRectF ScaleNumberBox(const QRectF& box, double y, const QString& text) {
-    const QSizeF size = TextSize(AxisFont(), text);
-    return {QPointF(box.right() + kScaleTick + 2 * kTextGap, y - size.height() / 2), size};
-}
-
-double HeightOnScale(const PlotMap& map, const QRectF& box, double z) {
-    return box.bottom() - (z - map.Heights.Low) / (map.Heights.High - map.Heights.Low) * box.height();
-}
 
 }  // namespace
 
@@ -139,37 +125,18 @@ QRectF ScaleBarsExtent(const PlotMap& map, const QRectF& frame) {
 
 void DrawColourScale(QPainter& painter, const PlotMap& map, const QRectF& frame) {
     if (!HasColourScale(map)) return;
-    const QRectF box = ScaleBox(frame);
-    constexpr int steps = 256;
-    QImage colours(1, steps, QImage::Format_RGB32);
-    for (int i = 0; i < steps; ++i) {
-        const double share = (i + 0.5) / steps;
-        colours.setPixel(0, steps - 1 - i,
-                         LayerColour(map, std::lerp(map.Heights.Low, map.Heights.High, share)));
-    }
-    painter.drawImage(box, colours);
-    painter.setPen(QPen(Qt::black, 0.5));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(box);
+    painter.save();
     painter.setFont(AxisFont());
-    const AxisTicks ticks = ScaleTicks(map, box);
-    for (const double z : ticks.At) {
-        const double y = HeightOnScale(map, box, z);
-        painter.drawLine(QPointF(box.right(), y), QPointF(box.right() + kScaleTick, y));
-        const QString text = ShownText(TickText(ticks, z));
-        painter.drawText(ScaleNumberBox(box, y, text), Qt::AlignCenter | Qt::TextDontClip, text);
-    }
+    PaintColourBar(painter, ScaleBox(frame), map.Heights, PaletteOf(map), Qt::black, kScaleLine);
+    painter.restore();
 }
 
 QRectF ColourScaleExtent(const PlotMap& map, const QRectF& frame) {
     if (!HasColourScale(map)) return {};
+    const QFontMetricsF metrics(AxisFont());
     const QRectF box = ScaleBox(frame);
-    QRectF extent = box;
-    const AxisTicks ticks = ScaleTicks(map, box);
-    for (const double z : ticks.At) {
-        extent |= ScaleNumberBox(box, HeightOnScale(map, box, z), ShownText(TickText(ticks, z)));
-    }
-    return extent;
+    return box.adjusted(0, -metrics.height() / 2, ColourBarNumbersWidth(metrics, box, map.Heights, kScaleLine),
+                        metrics.height() / 2);
 }
 
 }  // namespace crownlab

@@ -34,9 +34,7 @@ double ShareBefore(int align, int first) { return align == first + 1 ? 0.5 : ali
 
 QPointF OnDrawing(double x, double y) { return {Points(x), -Points(y)}; }
 
-QRectF PageRectangle() {
-    return {OnDrawing(0, kPageHeight), QSizeF(Points(kPageWidth), Points(kPageHeight))};
-}
+QRectF PageRectangle() { return {OnDrawing(0, kPageHeight), QSizeF(Points(kPageWidth), Points(kPageHeight))}; }
 
 QRectF FrameOf(const PlotMap& map) {
     return {OnDrawing(map.Left, map.Top), QSizeF(Points(map.XLength), Points(map.YLength))};

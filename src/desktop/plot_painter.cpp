@@ -60,7 +60,7 @@ void Draw(QPainter& painter, const PlotText& text, const DrawBody&) {
     painter.setFont(LabelFont());
     constexpr int middle = 2;
     constexpr int right = 3;
-    const int align = text.Font.HAlign == middle ? Qt::AlignHCenter
+    const int align = text.Font.HAlign == middle  ? Qt::AlignHCenter
                       : text.Font.HAlign == right ? Qt::AlignRight
                                                   : Qt::AlignLeft;
     painter.drawText(ExtentOf(text), align | Qt::AlignTop | Qt::TextDontClip, ShownText(text.Text));
@@ -83,10 +83,9 @@ DrawBody BodyForPaper(double dotsPerInch) {
         const double wanted = dotsPerInch / kPointsPerInch;
         const double scale = std::min(wanted, kMostPixels / std::max(frame.width(), frame.height()));
         const QSize pixels = (frame.size() * scale).toSize().expandedTo({1, 1});
-        const bool hasCells = map.Kind != MapKind::Contour || map.Layer.ShowColorScale;
         painter.save();
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        if (hasCells) painter.drawImage(frame, LayerPicture(map, pixels));
+        if (HasPicture(map)) painter.drawImage(frame, LayerPicture(map, pixels));
         painter.restore();
         DrawContours(painter, map, frame);
     };

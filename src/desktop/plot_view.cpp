@@ -15,7 +15,7 @@ namespace crownlab {
 namespace {
 
 constexpr double kPointsPerInch = 72;
-constexpr double kMargin = 20;        // points around the drawing
+constexpr double kMargin = 20;  // points around the drawing
 constexpr double kSmallestSize = 0.005;
 constexpr double kLargestSize = 20;
 constexpr double kKeyZoom = 1.25;
@@ -84,8 +84,7 @@ void PlotView::ShowActualSize() { ZoomAt(ActualScale() / scale_, ViewportMiddle(
 void PlotView::Zoom(double factor) { ZoomAt(factor, ViewportMiddle()); }
 
 void PlotView::ZoomAt(double factor, QPointF at) {
-    const double scale =
-        std::clamp(scale_ * factor, kSmallestSize * ActualScale(), kLargestSize * ActualScale());
+    const double scale = std::clamp(scale_ * factor, kSmallestSize * ActualScale(), kLargestSize * ActualScale());
     const QPointF fixed = middle_ + (at - ViewportMiddle()) / scale_;
     zooming_ = true;
     settle_.start(kRest);

@@ -61,9 +61,9 @@ private:
     PlotPictures pictures_;
     QTimer settle_;
     std::uint64_t seenChanges_ = 0;
-    QRectF sheet_;   ///< what can be scrolled to, in units of the drawing
-    QRectF shown_;   ///< what Fit shows
-    QPointF middle_; ///< of the viewport, on the drawing
+    QRectF sheet_;      ///< what can be scrolled to, in units of the drawing
+    QRectF shown_;      ///< what Fit shows
+    QPointF middle_;    ///< of the viewport, on the drawing
     double scale_ = 1;  ///< pixels a point
     bool fits_ = true;
     bool zooming_ = false;
