@@ -100,10 +100,13 @@ TEST(MapPainter, TakesMapsOfAnyMagnitude) {
     for (const double scale : {1e-8, 1.0, 1e8}) {
         Grid grid({.Columns = 3, .Rows = 2, .XMin = -scale, .XMax = scale, .YMin = 5 * scale, .YMax = 6 * scale});
         for (std::size_t i = 0; i < grid.Z.size(); ++i) grid.Z[i] = static_cast<double>(i) * scale;
-        for (const MapKind kind : {MapKind::Relief, MapKind::Image, MapKind::Contours}) {
+        for (const MapKind kind : {MapKind::Relief, MapKind::Contours, MapKind::Image}) {
             const Paper paper(grid, {.Kind = kind, .ScaleBar = true, .ColourBar = true}, {500, 300},
                               "map-paper-magnitude");
-            EXPECT_GT(paper.Frame.width(), 200) << scale;
+            EXPECT_GT(paper.Frame.width(), 100) << scale;
+            for (const QRectF& edge : {QRectF(0, 0, 2, 300), QRectF(498, 0, 2, 300)}) {
+                EXPECT_EQ(paper.InkOutside(edge), 0) << "cut off at " << scale;
+            }
         }
     }
 }
