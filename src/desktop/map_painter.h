@@ -94,9 +94,9 @@ double ColourBarNumbersWidth(const QFontMetricsF& metrics, const QRectF& bar, co
 inline constexpr ReliefLight kMapLight{.Softness = 0.45};
 
 /// What is drawn of a grid.
-enum class MapKind { Relief, Image, Contours };
+enum class MapView { Relief, Image, Contours };
 struct MapPicture {
-    MapKind Kind = MapKind::Relief;
+    MapView Kind = MapView::Relief;
     ReliefLight Light = kMapLight;
     MapPalette Palette = MapPalette::Viridis;  ///< of the image; a relief is ivory
     std::vector<double> Levels{};              ///< of contours; none: about a dozen round ones
