@@ -96,7 +96,7 @@ MapImage HeightImage(const Grid& grid, const HeightRange& range, MapPalette pale
 QRectF PaintMap(QPainter& painter, const QRectF& area, const Grid& grid, const MapPicture& picture) {
     const QFontMetricsF metrics(painter.font(), painter.device());
     const HeightRange range = Heights(grid);
-    const bool bar = picture.ColourBar && picture.Kind == MapKind::Image && !IsBlank(range.Low);
+    const bool bar = picture.ColourBar && picture.Kind == MapView::Image && !IsBlank(range.Low);
     const double barWidth = metrics.height();
     QRectF room = area;
     if (picture.Axes) room = room.marginsRemoved(AxesMargins(metrics, grid.Shape, picture.Unit));
@@ -106,9 +106,9 @@ QRectF PaintMap(QPainter& painter, const QRectF& area, const Grid& grid, const M
     const MapTransform transform = FitMap(grid.Shape, room);
     const QRectF frame = MapRect(transform, grid.Shape);
 
-    if (picture.Kind == MapKind::Relief) ReliefImage(grid, picture.Light).Paint(painter, transform, frame);
-    if (picture.Kind == MapKind::Image) HeightImage(grid, range, picture.Palette).Paint(painter, transform, frame);
-    if (picture.Kind == MapKind::Contours) {
+    if (picture.Kind == MapView::Relief) ReliefImage(grid, picture.Light).Paint(painter, transform, frame);
+    if (picture.Kind == MapView::Image) HeightImage(grid, range, picture.Palette).Paint(painter, transform, frame);
+    if (picture.Kind == MapView::Contours) {
         constexpr int mostLevels = 15;
         const std::vector<double> levels = picture.Levels.empty() ? ContourLevels(range, mostLevels) : picture.Levels;
         PaintContours(painter, transform, frame, TraceContours(grid, levels), levels, {}, picture.Unit);

@@ -90,11 +90,14 @@ void PaintColourBar(QPainter& painter, const QRectF& bar, const HeightRange& ran
 /// Width of the numbers beside such a bar, with the gap before them.
 double ColourBarNumbersWidth(const QFontMetricsF& metrics, const QRectF& bar, const HeightRange& range, double unit);
 
+/// The light of a relief that is to be read as a form: from above left, the shade not black.
+inline constexpr ReliefLight kMapLight{.Softness = 0.45};
+
 /// What is drawn of a grid.
-enum class MapKind { Relief, Image, Contours };
+enum class MapView { Relief, Image, Contours };
 struct MapPicture {
-    MapKind Kind = MapKind::Relief;
-    ReliefLight Light{};
+    MapView Kind = MapView::Relief;
+    ReliefLight Light = kMapLight;
     MapPalette Palette = MapPalette::Viridis;  ///< of the image; a relief is ivory
     std::vector<double> Levels{};              ///< of contours; none: about a dozen round ones
     bool Axes = true;

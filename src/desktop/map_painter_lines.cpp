@@ -145,10 +145,12 @@ void PaintContours(QPainter& painter, const MapTransform& transform, const QRect
 }
 
 QMarginsF AxesMargins(const QFontMetricsF& metrics, const GridGeometry& shape, double unit) {
+    constexpr int mostNumbers = 10;
     const double gap = (kTickLength + kTextGap) * unit;
-    const AxisTicks up = TicksBetween(shape.YMin, shape.YMax, 10);
-    const double half = metrics.horizontalAdvance(QStringLiteral("00.00")) / 2;
-    return {WidestText(metrics, up) + gap + kTextGap * unit, metrics.height() / 2, half, metrics.height() + gap};
+    const double up = WidestText(metrics, TicksBetween(shape.YMin, shape.YMax, mostNumbers));
+    // The outermost numbers of the x axis reach half beyond the frame.
+    const double half = WidestText(metrics, TicksBetween(shape.XMin, shape.XMax, mostNumbers)) / 2;
+    return {std::max(up + gap + kTextGap * unit, half), metrics.height() / 2, half + unit, metrics.height() + gap};
 }
 
 void PaintAxes(QPainter& painter, const MapTransform& transform, const QRectF& frame, const QColor& ink, double unit) {

@@ -28,17 +28,17 @@ double Slope(double before, double at, double behind, double spacing) {
 }
 
 /// Brightness of the surface whose normal is (-slopeX, -slopeY, 1).
-std::uint8_t Brightness(double slopeX, double slopeY, const Vector& light) {
+std::uint8_t Brightness(double slopeX, double slopeY, const Vector& light, double softness) {
     const double length = std::sqrt(slopeX * slopeX + slopeY * slopeY + 1);
     const double cosine = std::isfinite(length) ? (light.Z - slopeX * light.X - slopeY * light.Y) / length : 0;
-    return static_cast<std::uint8_t>(1 + std::lround(254 * std::clamp(cosine, 0.0, 1.0)));
+    return static_cast<std::uint8_t>(1 + std::lround(254 * std::clamp((cosine + softness) / (1 + softness), 0.0, 1.0)));
 }
 
-void ShadeRow(const Grid& grid, int row, double heightFactor, const Vector& light, std::uint8_t* out) {
+void ShadeRow(const Grid& grid, int row, const ReliefLight& relief, const Vector& light, std::uint8_t* out) {
     const int columns = grid.Shape.Columns;
     const int rows = grid.Shape.Rows;
-    const double spacingX = grid.Shape.SpacingX() / heightFactor;
-    const double spacingY = grid.Shape.SpacingY() / heightFactor;
+    const double spacingX = grid.Shape.SpacingX() / relief.HeightFactor;
+    const double spacingY = grid.Shape.SpacingY() / relief.HeightFactor;
     for (int column = 0; column < columns; ++column) {
         const double z = grid.At(column, row);
         if (IsBlank(z)) {
@@ -49,7 +49,8 @@ void ShadeRow(const Grid& grid, int row, double heightFactor, const Vector& ligh
         const double east = column + 1 < columns ? grid.At(column + 1, row) : kBlankHeight;
         const double south = row > 0 ? grid.At(column, row - 1) : kBlankHeight;
         const double north = row + 1 < rows ? grid.At(column, row + 1) : kBlankHeight;
-        out[column] = Brightness(Slope(west, z, east, spacingX), Slope(south, z, north, spacingY), light);
+        out[column] =
+            Brightness(Slope(west, z, east, spacingX), Slope(south, z, north, spacingY), light, relief.Softness);
     }
 }
 
@@ -63,7 +64,7 @@ std::vector<std::uint8_t> ShadeRelief(const Grid& grid, const ReliefLight& light
     ForEachBlock(grid.Shape.Rows, rowsAtOnce, progress, [&](std::int64_t first, std::int64_t last) {
         for (std::int64_t row = first; row < last; ++row) {
             const int at = static_cast<int>(row);
-            ShadeRow(grid, at, light.HeightFactor, towards, shades.data() + grid.Index(0, at));
+            ShadeRow(grid, at, light, towards, shades.data() + grid.Index(0, at));
         }
     });
     return shades;

@@ -61,7 +61,7 @@ TEST(MapTransforms, FitAndInvert) {
 
 TEST(MapPainter, PaintsHeightsWhereTheyLie) {
     const Grid grid = CrownGrid(241, 181);
-    const Paper paper(grid, {.Kind = MapKind::Image, .ScaleBar = true, .ColourBar = true}, {900, 640},
+    const Paper paper(grid, {.Kind = MapView::Image, .ScaleBar = true, .ColourBar = true}, {900, 640},
                       "map-paper-image");
     const HeightRange range = Heights(grid);
     const PaletteTable& table = PaletteColours(MapPalette::Viridis);
@@ -74,7 +74,7 @@ TEST(MapPainter, PaintsHeightsWhereTheyLie) {
 }
 
 TEST(MapPainter, PaintsAxesScaleBarAndColourBarInsideThePaper) {
-    const Paper paper(CrownGrid(121, 91), {.Kind = MapKind::Image, .ScaleBar = true, .ColourBar = true}, {700, 500},
+    const Paper paper(CrownGrid(121, 91), {.Kind = MapView::Image, .ScaleBar = true, .ColourBar = true}, {700, 500},
                       "map-paper-small");
     const QRectF& frame = paper.Frame;
     EXPECT_GT(paper.InkOutside({0, frame.top(), frame.left() - 1, frame.height()}), 60) << "numbers of the y axis";
@@ -89,10 +89,10 @@ TEST(MapPainter, PaintsAxesScaleBarAndColourBarInsideThePaper) {
 
 TEST(MapPainter, PaintsReliefAndContours) {
     const Grid grid = CrownGrid(241, 181);
-    const Paper relief(grid, {.Kind = MapKind::Relief}, {800, 620}, "map-paper-relief");
+    const Paper relief(grid, {.Kind = MapView::Relief}, {800, 620}, "map-paper-relief");
     EXPECT_GT(relief.At(0.2, 0.8).lightness(), relief.At(0.85, 0.12).lightness() + 60)
         << "the light comes from above left";
-    const Paper contours(grid, {.Kind = MapKind::Contours}, {800, 620}, "map-paper-contours");
+    const Paper contours(grid, {.Kind = MapView::Contours}, {800, 620}, "map-paper-contours");
     EXPECT_GT(contours.InkOutside(contours.Frame), 3000);
 }
 
@@ -100,10 +100,13 @@ TEST(MapPainter, TakesMapsOfAnyMagnitude) {
     for (const double scale : {1e-8, 1.0, 1e8}) {
         Grid grid({.Columns = 3, .Rows = 2, .XMin = -scale, .XMax = scale, .YMin = 5 * scale, .YMax = 6 * scale});
         for (std::size_t i = 0; i < grid.Z.size(); ++i) grid.Z[i] = static_cast<double>(i) * scale;
-        for (const MapKind kind : {MapKind::Relief, MapKind::Image, MapKind::Contours}) {
+        for (const MapView kind : {MapView::Relief, MapView::Contours, MapView::Image}) {
             const Paper paper(grid, {.Kind = kind, .ScaleBar = true, .ColourBar = true}, {500, 300},
                               "map-paper-magnitude");
-            EXPECT_GT(paper.Frame.width(), 200) << scale;
+            EXPECT_GT(paper.Frame.width(), 100) << scale;
+            for (const QRectF& edge : {QRectF(0, 0, 2, 300), QRectF(498, 0, 2, 300)}) {
+                EXPECT_EQ(paper.InkOutside(edge), 0) << "cut off at " << scale;
+            }
         }
     }
 }
@@ -112,7 +115,7 @@ TEST(MapPainter, TakesGridsWithoutHeights) {
     const Grid blank({.Columns = 4, .Rows = 4, .XMin = 0, .XMax = 1, .YMin = 0, .YMax = 1});
     Grid level = blank;
     std::fill(level.Z.begin(), level.Z.end(), 3.0);
-    for (const MapKind kind : {MapKind::Relief, MapKind::Image, MapKind::Contours}) {
+    for (const MapView kind : {MapView::Relief, MapView::Image, MapView::Contours}) {
         const MapPicture picture{.Kind = kind, .ScaleBar = true, .ColourBar = true};
         EXPECT_EQ(Paper(blank, picture, {300, 300}, "map-paper-blank").At(0.5, 0.5), QColor(Qt::white));
         EXPECT_GT(Paper(level, picture, {300, 300}, "map-paper-level").Frame.width(), 100);

@@ -56,6 +56,17 @@ TEST(Relief, IsLightTowardsTheLight) {
     EXPECT_GT(shades[index.Index(5, 15)], shades[index.Index(35, 15)] + 100) << "the light comes from the left";
 }
 
+TEST(Relief, OfASoftLightReachesIntoTheShade) {
+    // The sun stands level behind the plane: the cosine is -0.6 (a slope of 3 in 4), then 0 on the level.
+    const Grid slope = GridOf(kShape, [](double x, double) { return 0.75 * x; });
+    const ReliefLight hard{.AzimuthDegrees = 0, .AltitudeDegrees = 0};
+    ReliefLight soft = hard;
+    soft.Softness = 1;
+    EXPECT_EQ(ShadeRelief(slope, hard)[7], 1);
+    EXPECT_NEAR(ShadeRelief(slope, soft)[7], 1 + 254 * 0.4 / 2, 1);
+    EXPECT_NEAR(ShadeRelief(GridOf(kShape, [](double, double) { return 5; }), soft)[7], 1 + 254 * 0.5, 1);
+}
+
 TEST(Relief, LeavesBlankNodesOut) {
     const double b = std::nan("");
     const Grid grid = GridOfRows({{b, 1, 1}, {1, b, 1}, {1, 1, 1}});
