@@ -103,7 +103,10 @@ FormWindow* DesktopDesk::WindowOf(const Form& form) const {
 
 QWidget* DesktopDesk::FrontWindow() const {
     if (!modal_.empty()) return WindowOf(*modal_.back().first);
-    if (QWidget* const active = QApplication::activeWindow()) return active;
+    // A box needs a parent that stays: no window beside the forms, which may be closed while the box waits.
+    for (QWidget* active = QApplication::activeWindow(); active != nullptr; active = active->parentWidget()) {
+        if (dynamic_cast<FormWindow*>(active) != nullptr) return QApplication::activeWindow();
+    }
     for (const auto& [form, window] : windows_) {
         if (window->isVisible()) return window.get();
     }
@@ -114,6 +117,7 @@ void DesktopDesk::CopyAll() {
     for (const auto& [form, window] : windows_) {
         if (window->isVisible()) window->CopyRecords();
     }
+    for (const DeskCompanion& companion : companions_) companion.Follow();
 }
 
 void DesktopDesk::SetWaitPointer(bool on) {
@@ -135,7 +139,8 @@ void DesktopDesk::End(int status) {
 void DesktopDesk::EndIfNothingIsLeft() {
     if (running_ > 0) return;
     const bool anyVisible =
-        std::any_of(windows_.begin(), windows_.end(), [](const auto& entry) { return entry.second->isVisible(); });
+        std::any_of(windows_.begin(), windows_.end(), [](const auto& entry) { return entry.second->isVisible(); }) ||
+        std::any_of(companions_.begin(), companions_.end(), [](const auto& companion) { return companion.IsOpen(); });
     if (ending_ || (started_ && !anyVisible)) {
         ending_ = true;
         finish_(status_);

@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "desktop/form_window.h"
@@ -22,6 +23,12 @@ class Application;
 
 /// Whether an act shows the wait pointer.
 enum class Pointer { Wait, Keep };
+
+/// Windows beside those of the forms: what they show is kept up, and the program runs as long as one stands open.
+struct DeskCompanion {
+    std::function<void()> Follow;  ///< called whenever records are copied to the screen
+    std::function<bool()> IsOpen;
+};
 
 /// Exit status of the program after a failure that ended it.
 inline constexpr int kStatusEndedByFailure = 3;
@@ -40,6 +47,10 @@ public:
 
     /// The program whose windows the keys reach.
     void SetKeyTarget(AutomationServer& target) { keyTarget_ = &target; }
+
+    void AddCompanion(DeskCompanion companion) { companions_.push_back(std::move(companion)); }
+    /// A window of a companion was closed: the program ends if it was the last one.
+    void CompanionClosed() { EndIfNothingIsLeft(); }
 
     /// Runs one act of the person, shows its failure if it has one, and copies all records to the screen.
     /// No exception leaves it: it is called out of Qt's event loop.
@@ -89,6 +100,7 @@ private:
     std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
     std::vector<std::unique_ptr<FormWindow>> retired_;
     std::vector<std::pair<QPointer<FormWindow>, std::function<void()>>> later_;
+    std::vector<DeskCompanion> companions_;
     std::vector<QEventLoop*> loops_;
     /// The modal form and its loop, innermost last.
     std::vector<std::pair<const Form*, QEventLoop*>> modal_;

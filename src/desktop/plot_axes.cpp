@@ -108,15 +108,26 @@ FloorSide SideOf(int axis) {
     }
 }
 
+/// An axis of the floor as it is drawn: of two opposite sides, numbers stand at the one that is in front.
+MapAxis FloorAxis(const PlotMap& map, const SurfaceView& view, int axis) {
+    const int opposite = axis ^ 1;
+    MapAxis drawn = map.Axes[static_cast<std::size_t>(axis)];
+    if (view.IsInFront(axis + 1) == view.IsInFront(opposite + 1)) return drawn;
+    const bool either = drawn.ShowLabels || map.Axes[static_cast<std::size_t>(opposite)].ShowLabels;
+    drawn.ShowLabels = either && view.IsInFront(axis + 1);
+    return drawn;
+}
+
 void DrawFloorAxis(QPainter& painter, const PlotMap& map, const SurfaceView& view, int axis) {
     const FloorSide side = SideOf(axis);
     const QPointF from = view.Place(side.From.x(), side.From.y(), 0);
     const QPointF to = view.Place(side.To.x(), side.To.y(), 0);
     const bool alongX = axis < 2;
     const GridGeometry& shape = map.Shape;
+    const MapAxis drawn = FloorAxis(map, view, axis);
     DrawAxis(painter,
-             {map.Axes[static_cast<std::size_t>(axis)], from, to, alongX ? shape.XMin : shape.YMin,
-              alongX ? shape.XMax : shape.YMax, AwayFrom(view.Place(0.5, 0.5, 0), from, to)},
+             {drawn, from, to, alongX ? shape.XMin : shape.YMin, alongX ? shape.XMax : shape.YMax,
+              AwayFrom(view.Place(0.5, 0.5, 0), from, to)},
              kTickDistance);
 }
 

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 #include "basis/number_text.h"
 #include "desktop/map_painter.h"
@@ -53,17 +54,18 @@ BarPlace PlaceBar(const PlotMap& map, const QRectF& frame, std::size_t index) {
     return {.Bar = {frame.center().x() - size.width() / 2, top, size.width(), size.height()}, .Told = told};
 }
 
-QString BarNumber(const ScaleBar& bar, int cycle) {
+QString BarNumber(const ScaleBar& bar, std::int64_t cycle) {
     // Products of decimal fractions show their last binary place: 3 times 0.1 is meant to be 0.3.
     constexpr int digits = 12;
-    return ShownText(GeneralText(QString::number(bar.LabelIncrement * cycle, 'g', digits).toDouble()));
+    return ShownText(
+        GeneralText(QString::number(bar.LabelIncrement * static_cast<double>(cycle), 'g', digits).toDouble()));
 }
 
 /// Every how many cycles there is room for a number.
-int CyclesPerNumber(const ScaleBar& bar, double cycle) {
+std::int64_t CyclesPerNumber(const ScaleBar& bar, double cycle) {
     const double widest = TextSize(AxisFont(), BarNumber(bar, bar.NumCycles)).width() + 2 * kTextGap;
-    int each = 1;
-    while (each < bar.NumCycles && each * cycle < widest) each *= 2;
+    std::int64_t each = 1;
+    while (each < bar.NumCycles && static_cast<double>(each) * cycle < widest) each *= 2;
     return each;
 }
 
@@ -87,11 +89,11 @@ void DrawBar(QPainter& painter, const ScaleBar& bar, const BarPlace& place) {
     }
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(place.Bar);
-    const int each = CyclesPerNumber(bar, place.Cycle);
-    for (int i = 0; i <= bar.NumCycles; i += each) {
+    const std::int64_t each = CyclesPerNumber(bar, place.Cycle);
+    for (std::int64_t i = 0; i <= bar.NumCycles; i += each) {
         const QString text = BarNumber(bar, i);
-        painter.drawText(NumberBox(place, place.Bar.left() + i * place.Cycle, text), Qt::AlignCenter | Qt::TextDontClip,
-                         text);
+        painter.drawText(NumberBox(place, place.Bar.left() + static_cast<double>(i) * place.Cycle, text),
+                         Qt::AlignCenter | Qt::TextDontClip, text);
     }
 }
 

@@ -8,14 +8,16 @@
 #include <numbers>
 #include <vector>
 
+#include "desktop/map_painter.h"
 #include "desktop/plot_surface_view.h"
 #include "mapengine/plot_document.h"
 
 namespace crownlab {
 namespace {
 
-/// Light that comes from all around; the lamp gives the rest.
-constexpr double kAmbient = 0.3;
+/// Light that comes from all around; the lamp gives the rest, and reaches round into the shade as that of a relief.
+constexpr double kAmbient = 0.2;
+constexpr double kSoftness = kMapLight.Softness;
 
 /// Three numbers along x, y and z.
 struct Direction {
@@ -129,7 +131,7 @@ private:
         const double cosine =
             (light_.Z - east * light_.X - north * light_.Y) / std::sqrt(1 + east * east + north * north);
         // Where heights are too far apart for the arithmetic, the cell stands upright and in the dark.
-        const double lit = std::isfinite(cosine) ? std::clamp(cosine, 0.0, 1.0) : 0;
+        const double lit = std::isfinite(cosine) ? std::clamp((cosine + kSoftness) / (1 + kSoftness), 0.0, 1.0) : 0;
         const HeightRange shares{.Low = 0, .High = 1};
         return Shaded(HeightColour(colours_, shares, MeanShare(column, row)), kAmbient + (1 - kAmbient) * lit);
     }

@@ -18,8 +18,9 @@ struct SurfaceDetail {
 };
 
 /// Draws the surface of the grid of a map of kind Surface as shaded quads, the far ones first, with lines of a mesh on
-/// them. Its colour is that of the height, darker where it is turned from the light (Lambert's cosine law with a share
-/// of light from all around). Cells with one blank corner are a triangle, with more than that nothing.
+/// them. Its colour is that of the height, darker where it is turned from the light (Lambert's cosine law, the light
+/// softened as that of a relief, and a share of light from all around). Cells with one blank corner are a triangle,
+/// with more than that nothing.
 void DrawSurface(QPainter& painter, const PlotMap& map, const SurfaceView& view, const PaletteTable& colours,
                  const SurfaceDetail& detail);
 

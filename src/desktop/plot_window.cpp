@@ -18,10 +18,12 @@
 #include <utility>
 
 #include "basis/failure.h"
+#include "desktop/desktop_desk.h"
 #include "desktop/plot_export.h"
 #include "desktop/plot_view.h"
 #include "desktop/shown_text.h"
 #include "mapengine/engine_session.h"
+#include "mapengine/map_engine.h"
 
 namespace crownlab {
 namespace {
@@ -239,6 +241,12 @@ void PlotWindow::closeEvent(QCloseEvent* event) {
     event->accept();
     hide();
     if (OnClosed) OnClosed();
+}
+
+void ShowPlots(PlotWindow& window, DesktopDesk& desk, MapEngine& engine) {
+    desk.AddCompanion({.Follow = [&window, &engine] { window.Follow(engine.Session()); },
+                       .IsOpen = [&window] { return window.isVisible(); }});
+    window.OnClosed = [&desk] { desk.CompanionClosed(); };
 }
 
 }  // namespace crownlab

@@ -14,7 +14,9 @@ class QToolBar;
 
 namespace crownlab {
 
+class DesktopDesk;
 class EngineSession;
+class MapEngine;
 class PlotView;
 struct PlotDocument;
 
@@ -63,5 +65,8 @@ private:
     bool visible_ = false;
     std::map<const PlotDocument*, std::size_t> shapes_;
 };
+
+/// The window shows the plots of the engine's session from here on. All three have to live as long as the desk runs.
+void ShowPlots(PlotWindow& window, DesktopDesk& desk, MapEngine& engine);
 
 }  // namespace crownlab
