@@ -27,7 +27,7 @@ constexpr double kPointsPerInch = 72;
 constexpr double kMargin = 10;  // points of white around a saved drawing
 constexpr double kPaperDots = 300;
 constexpr double kPictureDots = 150;
-constexpr double kMostDots = 50e6;
+constexpr double kMostDots = 30e6;
 constexpr double kLongestSide = 16000;
 /// Readers of PDF take pages of up to 200 inches.
 constexpr double kLongestPage = 14400;

@@ -18,7 +18,7 @@ QSizeF SavedSize(const PlotDocument& document);
 /// smaller. InvalidCall if it can't be made.
 QByteArray PlotAsPdf(const PlotDocument& document);
 QByteArray PlotAsSvg(const PlotDocument& document);
-/// 150 dots an inch, less where the picture would have more than 50 million dots or a side of more than 16000.
+/// 150 dots an inch, less where the picture would have more than 30 million dots or a side of more than 16000.
 QByteArray PlotAsPng(const PlotDocument& document);
 
 /// Saves the plot under `path` in the form that its ending says (pdf, svg or png, in any letter case), whole or not at
