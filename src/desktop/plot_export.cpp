@@ -26,6 +26,8 @@ namespace {
 constexpr double kPointsPerInch = 72;
 constexpr double kMargin = 10;  // points of white around a saved drawing
 constexpr double kPaperDots = 300;
+/// Pictures in an SVG are letters of text: finer ones make files that programs open slowly.
+constexpr double kSvgDots = 150;
 constexpr double kPictureDots = 150;
 constexpr double kMostDots = 30e6;
 constexpr double kLongestSide = 16000;
@@ -102,7 +104,7 @@ QByteArray PlotAsSvg(const PlotDocument& document) {
     generator.setTitle(ShownText(document.Name));
     QPainter painter;
     Begin(painter, generator, "SVG");
-    DrawSavedPart(painter, document, 1, kPaperDots);
+    DrawSavedPart(painter, document, 1, kSvgDots);
     painter.end();
     return buffer.data();
 }

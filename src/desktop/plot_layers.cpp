@@ -59,12 +59,14 @@ QImage SurfacePicture(const PlotMap& map, QSize pixels) {
     constexpr int finest = 500;
     constexpr int pixelsPerMeshLine = 12;
     constexpr int mostMeshLines = 40;
+    constexpr double meshLineShare = 1.0 / 900;
     QImage picture = ClearPicture(pixels * finer);
     const int longer = std::max(pixels.width(), pixels.height());
     QPainter painter(&picture);
     DrawSurface(painter, map, ViewOf(map, QRectF(picture.rect())), PaletteColours(PaletteOf(map)),
                 {.MostCells = std::clamp(longer / 2, coarsest, finest),
-                 .MeshLines = std::min(longer / pixelsPerMeshLine, mostMeshLines)});
+                 .MeshLines = std::min(longer / pixelsPerMeshLine, mostMeshLines),
+                 .MeshWidth = std::max(1.0, finer * longer * meshLineShare)});
     painter.end();
     return picture.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }

@@ -19,6 +19,8 @@ namespace {
 constexpr double kAmbient = 0.2;
 constexpr double kSoftness = kMapLight.Softness;
 
+const QColor kMeshColour(0, 0, 0, 70);
+
 /// Three numbers along x, y and z.
 struct Direction {
     double X;
@@ -49,7 +51,11 @@ QRgb Shaded(const MapColour& colour, double light) {
 class Mesh {
 public:
     Mesh(const PlotMap& map, const SurfaceView& view, const PaletteTable& colours, const SurfaceDetail& detail)
-        : map_(map), grid_(*map.Nodes), colours_(colours), light_(TowardsLight(map.Layer)) {
+        : map_(map),
+          grid_(*map.Nodes),
+          colours_(colours),
+          light_(TowardsLight(map.Layer)),
+          meshPen_(kMeshColour, detail.MeshWidth) {
         const int longer = std::max(grid_.Shape.Columns, grid_.Shape.Rows) - 1;
         const int step = std::max(1, (longer + detail.MostCells - 1) / std::max(1, detail.MostCells));
         columns_ = Lines(grid_.Shape.Columns, step);
@@ -154,12 +160,7 @@ private:
 
     void DrawMesh(QPainter& painter, int column, int row) const {
         if (meshStep_ == 0) return;
-        static const QPen pen = [] {
-            QPen thin(QColor(0, 0, 0, 70));
-            thin.setWidthF(0);
-            return thin;
-        }();
-        painter.setPen(pen);
+        painter.setPen(meshPen_);
         for (const int next : {row, row + 1}) {
             if (IsOnMesh(next, rows_.size())) DrawEdge(painter, Node(column, next), Node(column + 1, next));
         }
@@ -176,6 +177,7 @@ private:
     const Grid& grid_;
     const PaletteTable& colours_;
     Direction light_;
+    QPen meshPen_;
     int meshStep_ = 0;
     std::vector<int> columns_;
     std::vector<int> rows_;

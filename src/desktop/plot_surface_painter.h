@@ -15,6 +15,7 @@ struct SurfaceDetail {
     int MostCells = 400;
     /// Lines of the mesh along the longer side, 0 for none.
     int MeshLines = 40;
+    double MeshWidth = 1;  ///< in the painter's units
 };
 
 /// Draws the surface of the grid of a map of kind Surface as shaded quads, the far ones first, with lines of a mesh on

@@ -31,13 +31,10 @@ namespace {
 constexpr double kZoomStep = 1.25;
 constexpr QSize kFirstSize(1000, 760);
 
-/// The file name with an ending that says its form: its own one, else that of the chosen filter ("PDF (*.pdf)").
-QString WithEnding(const QString& path, const QString& filter) {
-    const QString own = QFileInfo(path).suffix().toLower();
-    if (QStringList{"pdf", "svg", "png"}.contains(own)) return path;
-    const qsizetype dot = filter.lastIndexOf('.');
-    return path + filter.mid(dot, filter.size() - dot - 1);
-}
+/// "pdf" of the filter "PDF (*.pdf)".
+QString EndingOf(const QString& filter) { return filter.section('.', -1).chopped(1); }
+
+bool IsPlotEnding(const QString& ending) { return QStringList{"pdf", "svg", "png"}.contains(ending.toLower()); }
 
 /// The folder of the first map, where its files are at home.
 QString FolderOf(const PlotDocument& document) {
@@ -202,11 +199,17 @@ void PlotWindow::SaveAs() {
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilters({"PDF (*.pdf)", "SVG (*.svg)", "PNG (*.png)"});
     dialog->setDefaultSuffix("pdf");
-    QObject::connect(dialog, &QFileDialog::filterSelected, dialog,
-                     [dialog](const QString& filter) { dialog->setDefaultSuffix(WithEnding("", filter).mid(1)); });
+    QObject::connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
+        dialog->setDefaultSuffix(EndingOf(filter));
+        const QStringList named = dialog->selectedFiles();
+        if (named.isEmpty()) return;
+        const QFileInfo file(named.constFirst());
+        if (IsPlotEnding(file.suffix())) dialog->selectFile(file.completeBaseName() + "." + EndingOf(filter));
+    });
     dialog->selectFile(ShownText(document->Name) + ".pdf");
     QObject::connect(dialog, &QFileDialog::fileSelected, this, [this, dialog, document](const QString& path) {
-        SaveTo(document, WithEnding(path, dialog->selectedNameFilter()));
+        const bool told = IsPlotEnding(QFileInfo(path).suffix());
+        SaveTo(document, told ? path : path + "." + EndingOf(dialog->selectedNameFilter()));
     });
     dialog->open();
 }
