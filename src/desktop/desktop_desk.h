@@ -8,8 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "desktop/call_progress.h"
 #include "desktop/form_window.h"
 #include "desktop/input_guard.h"
+#include "desktop/map_windows.h"
 #include "forms/desk.h"
 #include "surfer/automation.h"
 
@@ -49,6 +51,13 @@ public:
     /// What the close box of the form's window does.
     void CloseForm(Form& form);
 
+    /// The map windows.
+    MapWindows& Maps() { return maps_; }
+    /// Takes a window beside the forms in: the program lives as long as it is open.
+    void Adopt(SideWindow& window);
+
+    /// A person acts in this window.
+    void ActsIn(FormWindow& window) { acting_ = &window; }
     /// A handler runs or waits.
     bool IsRunning() const { return running_ > 0; }
     /// The program is to end: mnuExit, or a failure that ends it.
@@ -78,13 +87,16 @@ private:
     struct Waiting;
 
     Button ShowBox(QMessageBox& box, const std::vector<Button>& buttons);
+    void AddMapButton(QMessageBox& box, const DigitiseOffer& offer);
     void WaitIn(QEventLoop& loop, InputGuard::Open open, const QWidget* window);
     void CopyAll();
     void SetWaitPointer(bool on);
     void RunLater();
     void EndIfNothingIsLeft();
+    bool CloseSideWindows();
     void End(int status);
     QWidget* FrontWindow() const;
+    FormWindow* ActingWindow() const;
 
     std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
     std::vector<std::unique_ptr<FormWindow>> retired_;
@@ -93,6 +105,10 @@ private:
     /// The modal form and its loop, innermost last.
     std::vector<std::pair<const Form*, QEventLoop*>> modal_;
     InputGuard guard_;
+    std::vector<QPointer<SideWindow>> sideWindows_;
+    MapWindows maps_{[this](SideWindow& window) { Adopt(window); }};
+    QPointer<FormWindow> acting_;  ///< the form in which a person acted last
+    CallProgress progress_;
     QElapsedTimer sinceRedraw_;
     FormWindow::LayoutMaker layout_;
     std::function<void(int)> finish_;
