@@ -55,6 +55,7 @@ MapWindow::MapWindow(FileTable& files) : files_(files), views_(new QActionGroup(
     canvas_ = new MapCanvas(points_);
     canvas_->setObjectName("mapCanvas");
     space_ = new VrmlWidget;
+    space_->setObjectName("mapSpace");
     pages_ = new QStackedWidget;
     pages_->addWidget(canvas_);
     pages_->addWidget(space_);

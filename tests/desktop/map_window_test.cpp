@@ -240,7 +240,9 @@ TEST_F(TheMapWindow, TakesAPointInsteadOfSettingOneOnIt) {
     EXPECT_EQ(Canvas().Selected(), (PointPlace{0, 1}));
     ClickMap(9, 4, Qt::ShiftModifier);
     EXPECT_EQ(Window->Points().Count(), 4u) << "with Shift it sets one";
+    ClickMap(5, 5);
     QTest::mouseDClick(&Canvas(), Qt::LeftButton, {}, Pixel(5, 5));
+    QTest::mouseRelease(&Canvas(), Qt::LeftButton, {}, Pixel(5, 5));
     EXPECT_EQ(Window->Points().Count(), 5u) << "a double click sets one point";
 }
 
@@ -437,7 +439,8 @@ TEST_F(TheMapWindow, ShowsEveryView) {
 
 TEST_F(TheMapWindow, ShowsTheSurfaceInSpace) {
     Choose("actionSurface");
-    auto* const space = Window->findChild<VrmlWidget*>();
+    auto* const space = dynamic_cast<VrmlWidget*>(Window->findChild<QWidget*>("mapSpace"));
+    ASSERT_NE(space, nullptr);
     EXPECT_FALSE(Find<QAction>("actionDigitise").isEnabled());
     if (!VrmlWidget::CanDraw()) {
         EXPECT_EQ(space->Sentence(), "The surface can't be shown: there is no OpenGL here.");
