@@ -10,6 +10,7 @@
 #include "shell/frm_def_dir.h"
 #include "shell/frm_save_file.h"
 #include "shell/frm_startup.h"
+#include "surferfns/frm_surf_fns.h"
 #include "viewer/frm_csv_view.h"
 
 namespace crownlab {
@@ -30,6 +31,7 @@ void Application::AddMakers() {
     windows_.AddMaker("frmSaveFile", [this] { return std::make_shared<FrmSaveFile>(services_, shell_); });
     windows_.AddMaker("frmConversion", [this] { return std::make_shared<FrmConversion>(services_, shell_); });
     windows_.AddMaker("frmPtCloud", [this] { return std::make_shared<FrmPtCloud>(services_, shell_); });
+    windows_.AddMaker("frmSurfFns", [this] { return std::make_shared<FrmSurfFns>(services_, shell_); });
     windows_.AddMaker("frmCSVView", [this] { return std::make_shared<FrmCSVView>(services_, shell_); });
 }
 

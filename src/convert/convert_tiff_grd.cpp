@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <initializer_list>
+
 #include "basis/number_text.h"
 #include "basis/paths.h"
 #include "basis/result_file.h"
@@ -16,10 +19,7 @@ namespace {
 constexpr double kHighestValue = 255;
 
 bool AllFilled(std::initializer_list<const TextBox*> boxes) {
-    for (const TextBox* const box : boxes) {
-        if (box->Text.empty()) return false;
-    }
-    return true;
+    return std::all_of(boxes.begin(), boxes.end(), [](const TextBox* box) { return !box->Text.empty(); });
 }
 
 /// The image as a whole has these sizes.

@@ -20,7 +20,7 @@ std::string FindRootDir(const std::string& path) { return path.substr(0, StartOf
 
 std::string FindBaseFilename(const std::string& path) {
     const std::string name = path.substr(StartOfName(path));
-    const std::string base = LessLast(name, kExtensionLength, "file name \"" + name + "\"");
+    std::string base = LessLast(name, kExtensionLength, "file name \"" + name + "\"");
     if (base.empty()) throw Failure(FailureKind::InvalidCall, "file name \"" + name + "\"");
     return base;
 }

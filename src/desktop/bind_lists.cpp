@@ -77,7 +77,7 @@ void ShowFiles(const FileList& files, EntryList& widget) {
 }  // namespace
 
 CopyRecord Bind(FormWindow& window, DirList& folders, EntryList& widget) {
-    const auto shown = MakeState<std::string, int, bool, bool>();
+    const auto shown = MakeState<std::string, int, std::uint64_t, bool, bool>();
     const auto tree = std::make_shared<FolderTree>();
     widget.OnTaken = [shown, tree, &window, &folders](int row) {
         shown->Forget();
@@ -85,7 +85,10 @@ CopyRecord Bind(FormWindow& window, DirList& folders, EntryList& widget) {
         window.Act(folders, "Change", [&folders, path] { SetPath(folders, path); });
     };
     return [shown, tree, &window, &folders, &widget] {
-        if (!shown->Differs(folders.Path, window.ListGeneration(), folders.Enabled, folders.Visible)) return;
+        if (!shown->Differs(folders.Path, window.ListGeneration(), folders.ReadCount, folders.Enabled,
+                            folders.Visible)) {
+            return;
+        }
         // What a person marked stays marked if nothing has changed on the disk.
         const FolderTree now = TreeAt(folders.Path);
         if (now != *tree) ShowTree(now, widget);

@@ -9,8 +9,10 @@
 #include <utility>
 #include <vector>
 
+#include "desktop/call_progress.h"
 #include "desktop/form_window.h"
 #include "desktop/input_guard.h"
+#include "desktop/map_windows.h"
 #include "forms/desk.h"
 #include "surfer/automation.h"
 
@@ -23,12 +25,6 @@ class Application;
 
 /// Whether an act shows the wait pointer.
 enum class Pointer { Wait, Keep };
-
-/// Windows beside those of the forms: what they show is kept up, and the program runs as long as one stands open.
-struct DeskCompanion {
-    std::function<void()> Follow;  ///< called whenever records are copied to the screen
-    std::function<bool()> IsOpen;
-};
 
 /// Exit status of the program after a failure that ended it.
 inline constexpr int kStatusEndedByFailure = 3;
@@ -48,10 +44,6 @@ public:
     /// The program whose windows the keys reach.
     void SetKeyTarget(AutomationServer& target) { keyTarget_ = &target; }
 
-    void AddCompanion(DeskCompanion companion) { companions_.push_back(std::move(companion)); }
-    /// A window of a companion was closed: the program ends if it was the last one.
-    void CompanionClosed() { EndIfNothingIsLeft(); }
-
     /// Runs one act of the person, shows its failure if it has one, and copies all records to the screen.
     /// No exception leaves it: it is called out of Qt's event loop.
     void Act(const std::string& where, const std::function<void()>& act, Pointer pointer = Pointer::Wait);
@@ -60,6 +52,15 @@ public:
     /// What the close box of the form's window does.
     void CloseForm(Form& form);
 
+    /// The map windows.
+    MapWindows& Maps() { return maps_; }
+    /// Takes a window beside the forms in: the program lives as long as it is open.
+    void Adopt(SideWindow& window);
+    /// `follow` is called whenever records are copied to the screen, for windows that show what isn't in records.
+    void SetFollower(std::function<void()> follow) { follower_ = std::move(follow); }
+
+    /// A person acts in this window.
+    void ActsIn(FormWindow& window) { acting_ = &window; }
     /// A handler runs or waits.
     bool IsRunning() const { return running_ > 0; }
     /// The program is to end: mnuExit, or a failure that ends it.
@@ -89,22 +90,29 @@ private:
     struct Waiting;
 
     Button ShowBox(QMessageBox& box, const std::vector<Button>& buttons);
+    void AddMapButton(QMessageBox& box, const DigitiseOffer& offer);
     void WaitIn(QEventLoop& loop, InputGuard::Open open, const QWidget* window);
     void CopyAll();
     void SetWaitPointer(bool on);
     void RunLater();
     void EndIfNothingIsLeft();
+    bool CloseSideWindows();
     void End(int status);
     QWidget* FrontWindow() const;
+    FormWindow* ActingWindow() const;
 
     std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
     std::vector<std::unique_ptr<FormWindow>> retired_;
     std::vector<std::pair<QPointer<FormWindow>, std::function<void()>>> later_;
-    std::vector<DeskCompanion> companions_;
     std::vector<QEventLoop*> loops_;
     /// The modal form and its loop, innermost last.
     std::vector<std::pair<const Form*, QEventLoop*>> modal_;
     InputGuard guard_;
+    std::vector<QPointer<SideWindow>> sideWindows_;
+    MapWindows maps_{[this](SideWindow& window) { Adopt(window); }};
+    QPointer<FormWindow> acting_;  ///< the form in which a person acted last
+    CallProgress progress_;
+    std::function<void()> follower_;
     QElapsedTimer sinceRedraw_;
     FormWindow::LayoutMaker layout_;
     std::function<void(int)> finish_;

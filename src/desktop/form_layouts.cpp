@@ -10,6 +10,7 @@
 #include "ui_frmPtCloud.h"
 #include "ui_frmSaveFile.h"
 #include "ui_frmStartup.h"
+#include "ui_frmSurfFns.h"
 
 namespace crownlab {
 namespace {
@@ -25,15 +26,16 @@ struct FormLayout {
     void (*SetUp)(QWidget& window);
 };
 
-constexpr std::array<FormLayout, 7> kLayouts{{
+constexpr auto kLayouts = std::to_array<FormLayout>({
     {"frmStartup", SetUp<Ui::frmStartup>},
     {"frmDefDir", SetUp<Ui::frmDefDir>},
     {"frmAbout", SetUp<Ui::frmAbout>},
     {"frmSaveFile", SetUp<Ui::frmSaveFile>},
     {"frmConversion", SetUp<Ui::frmConversion>},
     {"frmPtCloud", SetUp<Ui::frmPtCloud>},
+    {"frmSurfFns", SetUp<Ui::frmSurfFns>},
     {"frmCSVView", SetUp<Ui::frmCSVView>},
-}};
+});
 
 }  // namespace
 

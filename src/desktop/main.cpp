@@ -26,7 +26,6 @@ int main(int count, char** arguments) {
         desk,
         crownlab::ProgramFolder(crownlab::RecordText(QApplication::applicationDirPath()), crownlab::RecordText(config)),
         objects);
-    crownlab::PlotWindow plots;
-    crownlab::ShowPlots(plots, desk, engine);
+    crownlab::ShowPlots(desk, engine);
     return desk.Run(application);
 }

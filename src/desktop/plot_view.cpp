@@ -22,8 +22,8 @@ constexpr double kKeyZoom = 1.25;
 /// A wheel's notch, in Qt's eighths of a degree.
 constexpr double kNotch = 120;
 /// How long pictures may keep a drawing; what isn't ready then comes with the next one.
-constexpr int kDrawingTime = 150;  // milliseconds
-/// So long after the last change of size pictures are drawn anew.
+constexpr int kDrawingTime = 60;  // milliseconds
+/// So long after the last change of size or drawing pictures are drawn anew.
 constexpr int kRest = 150;  // milliseconds
 
 }  // namespace
@@ -50,6 +50,9 @@ void PlotView::Follow() {
     const QMarginsF margins(kMargin, kMargin, kMargin, kMargin);
     shown_ = (drawing.isNull() ? PageRectangle() : drawing).marginsAdded(margins);
     sheet_ = shown_ | PageRectangle().marginsAdded(margins);
+    // While a batch is plotted every map makes the others smaller: they are stretched until it rests.
+    zooming_ = true;
+    settle_.start(kRest);
     if (fits_) {
         Fit();
     } else {

@@ -1,11 +1,11 @@
 #include "desktop/plot_window.h"
 
 #include <QAction>
-#include <QCloseEvent>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
+#include <QPointer>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -48,7 +48,9 @@ QString FolderOf(const PlotDocument& document) {
 
 }  // namespace
 
-PlotWindow::PlotWindow(QWidget* parent) : QMainWindow(parent), tabs_(new QTabWidget), size_(new QLabel) {
+PlotWindow::PlotWindow() : tabs_(new QTabWidget), size_(new QLabel) {
+    // Closed it comes back with the next map.
+    setAttribute(Qt::WA_DeleteOnClose, false);
     tabs_->setDocumentMode(true);
     tabs_->setTabBarAutoHide(true);
     setCentralWidget(tabs_);
@@ -240,16 +242,14 @@ void PlotWindow::Say(const QString& sentence) {
     box->open();
 }
 
-void PlotWindow::closeEvent(QCloseEvent* event) {
-    event->accept();
-    hide();
-    if (OnClosed) OnClosed();
-}
-
-void ShowPlots(PlotWindow& window, DesktopDesk& desk, MapEngine& engine) {
-    desk.AddCompanion({.Follow = [&window, &engine] { window.Follow(engine.Session()); },
-                       .IsOpen = [&window] { return window.isVisible(); }});
-    window.OnClosed = [&desk] { desk.CompanionClosed(); };
+PlotWindow& ShowPlots(DesktopDesk& desk, MapEngine& engine) {
+    auto* const window = new PlotWindow;
+    desk.Adopt(*window);
+    desk.SetFollower([guarded = QPointer<PlotWindow>(window), &engine] {
+        if (guarded != nullptr) guarded->Follow(engine.Session());
+    });
+    window->SetOpenMap([window, &desk] { desk.Maps().Open("", window); });
+    return *window;
 }
 
 }  // namespace crownlab

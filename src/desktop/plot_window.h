@@ -1,11 +1,12 @@
 #pragma once
 
-#include <QMainWindow>
 #include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
+
+#include "desktop/side_window.h"
 
 class QAction;
 class QLabel;
@@ -23,9 +24,9 @@ struct PlotDocument;
 /// The window of the map engine's plot documents: a tab for each, with zooming, saving and printing. It comes up, and
 /// back after it was closed, when something is plotted or a session shows itself, without taking the keyboard from
 /// the tool. Closing it only hides it: the documents are the session's.
-class PlotWindow : public QMainWindow {
+class PlotWindow : public SideWindow {
 public:
-    explicit PlotWindow(QWidget* parent = nullptr);
+    PlotWindow();
 
     /// Shows what changed in the session since the last call. Cheap if nothing did.
     void Follow(const EngineSession& session);
@@ -39,13 +40,8 @@ public:
     void SaveAs();
     void Print();
 
-    /// Called when the window has been closed.
-    std::function<void()> OnClosed;
     /// Opens a map of a grid that the person chooses. Without it there is no button for that.
     void SetOpenMap(std::function<void()> open);
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
 
 private:
     void AddActions();
@@ -66,7 +62,7 @@ private:
     std::map<const PlotDocument*, std::size_t> shapes_;
 };
 
-/// The window shows the plots of the engine's session from here on. All three have to live as long as the desk runs.
-void ShowPlots(PlotWindow& window, DesktopDesk& desk, MapEngine& engine);
+/// Makes the window that shows the plots of the engine's session as long as the desk runs, whose it is.
+PlotWindow& ShowPlots(DesktopDesk& desk, MapEngine& engine);
 
 }  // namespace crownlab

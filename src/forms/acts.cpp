@@ -110,6 +110,8 @@ void Refresh(FileList& files) {
     if (!stillThere) files.FileName.clear();
 }
 
+void Refresh(DirList& folders) { ++folders.ReadCount; }
+
 void SelectEntry(FileList& files, const std::string& name) {
     Refresh(files);
     if (std::find(files.Entries.begin(), files.Entries.end(), name) == files.Entries.end()) {

@@ -37,6 +37,8 @@ void SetPath(FileList& files, const std::string& path);
 void SetPattern(FileList& files, const std::string& pattern);
 /// Reads the names anew; a selected name that is still there stays selected.
 void Refresh(FileList& files);
+/// Has the folders of a list read anew.
+void Refresh(DirList& folders);
 /// Selects a name of the list (read anew); Click. FileNotFound if it isn't in it.
 void SelectEntry(FileList& files, const std::string& name);
 

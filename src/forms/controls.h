@@ -96,7 +96,8 @@ struct DriveList : Control {
 
 struct DirList : Control {
     DirList(ParentRef parent, std::string name);
-    std::string Path;  ///< absolute, without a separator at the end ("/" excepted)
+    std::string Path;             ///< absolute, without a separator at the end ("/" excepted)
+    std::uint64_t ReadCount = 0;  ///< rises with each wish to have the folders in it read anew
 };
 
 struct FileList : Control {

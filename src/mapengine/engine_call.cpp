@@ -7,6 +7,7 @@
 #include <new>
 
 #include "basis/failure.h"
+#include "basis/number_text.h"
 #include "basis/text.h"
 
 namespace crownlab {
@@ -28,9 +29,7 @@ Value AsCall(std::string_view member, const std::function<Value()>& act) {
         return act();
     } catch (const Failure& failure) {
         if (failure.Kind() == FailureKind::OutOfMemory) throw;
-        FailMember(member, failure.Kind() == FailureKind::AutomationFailed
-                               ? failure.Object()
-                               : std::string(FailureName(failure.Kind())) + ": " + failure.Object());
+        FailMember(member, SentenceOf(failure));
     } catch (const std::bad_alloc&) {
         throw Failure(FailureKind::OutOfMemory, std::string(member));
     } catch (const std::exception& error) {
@@ -39,6 +38,18 @@ Value AsCall(std::string_view member, const std::function<Value()>& act) {
 }
 
 void FailCall(const std::string& sentence) { throw Failure(FailureKind::AutomationFailed, sentence); }
+
+std::string SentenceOf(const Failure& failure) {
+    const std::string& object = failure.Object();
+    switch (failure.Kind()) {
+        case FailureKind::AutomationFailed: return object;
+        case FailureKind::FileNotFound: return "there is no file " + object;
+        case FailureKind::PathNotFound: return "there is no folder for the file " + object;
+        case FailureKind::PermissionDenied: return "access to the file " + object + " is denied";
+        case FailureKind::DiskFull: return "there is no room on the disk for the file " + object;
+        default: return std::string(FailureName(failure.Kind())) + ": " + object;
+    }
+}
 
 CallArguments::CallArguments(std::string_view member, const Positions& positions, const Arguments& given,
                              const Positions& onlyNamed)
@@ -81,6 +92,18 @@ const Value& CallArguments::Require(std::string_view name) const {
     const Value* const value = Find(name);
     if (value == nullptr) Fail(name, "is missing");
     return *value;
+}
+
+bool CallArguments::IsNumber(std::string_view name) const {
+    const Value* const value = Find(name);
+    if (value == nullptr) return false;
+    if (const std::string* const text = std::get_if<std::string>(value)) {
+        const std::string number = Trimmed(*text);
+        double scanned = 0;
+        return !number.empty() &&
+               ScanNumber(number.data(), number.data() + number.size(), scanned) == number.data() + number.size();
+    }
+    return std::holds_alternative<double>(*value);
 }
 
 std::string CallArguments::Text(std::string_view name) const {

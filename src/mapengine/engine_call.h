@@ -12,6 +12,7 @@
 namespace crownlab {
 
 class EngineSession;
+class Failure;
 class FileTable;
 
 /// The two classes under which the engine is reached, "Surfer.APP" and "Surfer.Application".
@@ -30,6 +31,8 @@ public:
                   const Positions& onlyNamed = {});
 
     bool Has(std::string_view name) const { return Find(name) != nullptr; }
+    /// True if it is given as a number, or as a text that is one.
+    bool IsNumber(std::string_view name) const;
     /// Text that isn't empty.
     std::string Text(std::string_view name) const;
     std::optional<std::string> OptionalText(std::string_view name) const;
@@ -80,6 +83,9 @@ using GridMember = Value (*)(EngineCall& call);
 
 /// AutomationFailed with that sentence.
 [[noreturn]] void FailCall(const std::string& sentence);
+
+/// What a failure says, as a sentence for a failed call: that of a file is told in words that name it.
+std::string SentenceOf(const Failure& failure);
 
 /// Runs `act`. What it throws becomes AutomationFailed with the member's name in front, save for a lack of memory,
 /// which becomes OutOfMemory.

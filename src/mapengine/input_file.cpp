@@ -9,12 +9,8 @@ FileText ReadInputFile(const std::string& path) {
     try {
         return ReadFileText(path);
     } catch (const Failure& failure) {
-        switch (failure.Kind()) {
-            case FailureKind::FileNotFound: FailCall("there is no file " + path);
-            case FailureKind::PathNotFound: FailCall("there is no folder for the file " + path);
-            case FailureKind::PermissionDenied: FailCall("the file " + path + " can't be read");
-            default: throw;
-        }
+        if (failure.Kind() == FailureKind::OutOfMemory) throw;
+        FailCall(SentenceOf(failure));
     }
 }
 

@@ -18,6 +18,16 @@ std::span<const MemberEntry> GridMembers();
 
 // One source file each, member_grid_*.cpp.
 Value CallGridBlank(EngineCall& call);
+Value CallGridCalculus(EngineCall& call);
 Value CallGridConvert(EngineCall& call);
+Value CallGridData(EngineCall& call);
+Value CallGridExtract(EngineCall& call);
+Value CallGridFilter(EngineCall& call);
+Value CallGridMath(EngineCall& call);
+Value CallGridMatrixSmooth(EngineCall& call);
+Value CallGridResiduals(EngineCall& call);
+Value CallGridSlice(EngineCall& call);
+Value CallGridTransform(EngineCall& call);
+Value CallGridVolume(EngineCall& call);
 
 }  // namespace crownlab

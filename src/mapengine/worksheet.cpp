@@ -7,8 +7,8 @@
 
 #include "basis/field_reader.h"
 #include "basis/memory_limit.h"
-#include "basis/paths.h"
 #include "basis/text.h"
+#include "mapengine/input_file.h"
 
 namespace crownlab {
 namespace {
@@ -76,7 +76,7 @@ void Worksheet::SetCell(int row, int column, std::string text) {
 }
 
 Worksheet ReadWorksheet(const std::string& path) {
-    const FileText file = ReadFileText(path);
+    const FileText file = ReadInputFile(path);
     const std::string_view text = WithoutByteOrderMark(file.View());
     const char separator = text.find('\t') != std::string_view::npos ? '\t' : ',';
     RequireCells(text, separator, path);

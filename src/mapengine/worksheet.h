@@ -20,7 +20,7 @@ struct Worksheet {
 };
 
 /// Rows and columns of a text file, separated by tabs where the file has any, else by commas; quotes around a
-/// text are taken off. Throws what reading a file throws.
+/// text are taken off. AutomationFailed for a file that can't be read, OutOfMemory.
 Worksheet ReadWorksheet(const std::string& path);
 
 /// The table as text, CR LF. A field that holds the separator or a quote stands in quotes.

@@ -69,6 +69,7 @@ FrmPtCloud::FrmPtCloud(Services& services, ShellState& shell)
     RegisterPointsToWrl(*this);
     RegisterThickness(*this);
     RegisterJoin(*this);
+    RegisterGridTools(*this);
 }
 
 void cmdAddFilename_Click(FrmPtCloud& form) {

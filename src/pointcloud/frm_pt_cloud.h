@@ -18,6 +18,9 @@ struct FrmPtCloud : Form {
 
     ShellState& Shell;
     FileBatch Batch;
+    /// Grids that cmdBlank and cmdExtract read and write, one a file of the batch.
+    std::vector<std::string> GridInPath;
+    std::vector<std::string> GridOutPath;
 
     Label lblDescription{*this, "lblDescription",
                          "Carries out cleaning and decimating of point clouds, including removing undercuts."};
@@ -119,6 +122,9 @@ struct FrmPtCloud : Form {
     CheckBox chkRedArea{fraExtract, "chkRedArea", "Reduce grid area"};
     CheckBox chkRedRow{fraExtract, "chkRedRow", "Reduce no. rows/cols"};
     TextBox txtRedRow{fraExtract, "txtRedRow", "2"};
+    Label lblVolumeFolder{fraExtract, "lblVolumeFolder", "Folder of volume.dat (v6):"};
+    /// Names the folder in which version 6 leaves its volume figures. No handler changes it.
+    Label Label1{fraExtract, "Label1", "Occlusal vector"};
 };
 
 // Frame (frm_pt_cloud.cpp).
@@ -140,6 +146,8 @@ void cmdEnamThickCalc_Click(FrmPtCloud& form);
 void cmdJoinFiles_Click(FrmPtCloud& form);
 void cmdTipCal_Click(FrmPtCloud& form);
 void cmbTipNo_Click(FrmPtCloud& form);
+void cmdBlank_Click(FrmPtCloud& form);
+void cmdExtract_Click(FrmPtCloud& form);
 
 // Each file of the window ties its own handlers to their controls.
 void RegisterUndercuts(FrmPtCloud& form);
@@ -147,5 +155,6 @@ void RegisterOutline(FrmPtCloud& form);
 void RegisterPointsToWrl(FrmPtCloud& form);
 void RegisterThickness(FrmPtCloud& form);
 void RegisterJoin(FrmPtCloud& form);
+void RegisterGridTools(FrmPtCloud& form);
 
 }  // namespace crownlab

@@ -24,6 +24,7 @@ struct NumberMatrix {
     int Rows = 0;
     int Columns = 0;
     std::vector<double> Values;
+    friend bool operator==(const NumberMatrix&, const NumberMatrix&) = default;
 };
 
 /// An array that the called member fills; its first element has index 1 there.
@@ -85,7 +86,11 @@ public:
     /// An object passed through on the way to another.
     LateBound Object(std::string_view member, const Arguments& arguments = {}) const;
     void Set(std::string_view member, const Value& value) const;
+    // One for each kind of number: left to themselves a flag and a fraction would go through the whole number.
+    void Set(std::string_view member, bool value) const { Set(member, Value(value)); }
     void Set(std::string_view member, int value) const { Set(member, Value(static_cast<double>(value))); }
+    void Set(std::string_view member, double value) const { Set(member, Value(value)); }
+    void Set(std::string_view member, const std::string& value) const { Set(member, Value(value)); }
     void Set(std::string_view member, const char* value) const { Set(member, Value(std::string(value))); }
     Value Call(std::string_view member, const Arguments& arguments = {}) const;
     /// A call whose result is an object.

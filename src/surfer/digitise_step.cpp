@@ -30,7 +30,7 @@ bool AskToDigitise(Services& app, const DigitiseStep& step) {
     const Button answer = app.Screen->Ask({.Text = text,
                                            .Title = "Digitise map",
                                            .Buttons = {Button::Ok, Button::Cancel},
-                                           .Digitise = {step.Folder + step.Base + ".grd", step.DigitPath()}});
+                                           .Digitise = {step.Folder + step.Base + step.Extension, step.DigitPath()}});
     return answer == Button::Ok;
 }
 

@@ -24,6 +24,7 @@ struct DigitiseStep {
     std::string BoundarySuffix = {};  ///< `Folder` `Base` and this is the boundary file
     BoundaryFlag Flag = {};           ///< what its head line says
     int Points = 0;                   ///< points that are wanted, further ones being left; 0 for all there are
+    std::string Extension = ".grd";   ///< the grid's, for the map that the box offers
 
     std::string DigitPath() const { return Folder + File; }
     std::string CopyPath() const { return Folder + Base + CopySuffix; }

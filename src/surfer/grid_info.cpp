@@ -34,7 +34,7 @@ struct NodeScan {
 };
 
 /// The first two points give the x spacing, the first change of y ends the first row.
-void TakePosition(NodeScan& scan, GridInfo& info, double x, double y) {
+void TakePosition(NodeScan& scan, Session& session, double x, double y) {
     constexpr int decimals = 6;
     ++scan.Count;
     if (scan.Count == 1) {
@@ -45,7 +45,7 @@ void TakePosition(NodeScan& scan, GridInfo& info, double x, double y) {
     }
     if (scan.SpacingY == 0 && y != scan.FirstY) {
         scan.SpacingY = std::fabs(RoundDecimals(scan.FirstY - y, decimals));
-        info(1) = static_cast<double>(scan.Count - 1);
+        session.KeptColumns = static_cast<double>(scan.Count - 1);
     }
     scan.XMin = std::min(scan.XMin, x);
     scan.XMax = std::max(scan.XMax, x);
@@ -62,21 +62,18 @@ void TakeHeight(Session& session, HeightLimits& own, bool& any, double z) {
     any = true;
 }
 
-void ConvertToText(Session& session, WindowTable& windows, const std::string& grid, const std::string& text) {
-    session.SurferApp = AttachSurfer(session, windows);
+void ConvertToText(const Session& session, const std::string& grid, const std::string& text) {
     if (session.IsSix()) session.SurferApp.Call("GridConvert", {grid, text, 3});
-    if (!session.IsEight()) return;
-    session.SurferApp.Set("Visible", true);
-    session.SurferApp.Call("GridConvert", {{"InGrid", grid}, {"OutGrid", text}, {"OutFmt", 4}});
+    if (session.IsEight()) session.SurferApp.Call("GridConvert", {{"InGrid", grid}, {"OutGrid", text}, {"OutFmt", 4}});
 }
 
 }  // namespace
 
 HeightLimits ReadGridInfo(Session& session, Services& app, const std::string& gridFile) {
+    session.SurferApp = AttachSurfer(session, *app.Windows);
+    if (session.IsEight()) session.SurferApp.Set("Visible", true);
     const std::string text = LessLast(gridFile, kExtensionLength, "grid file") + "temp.dat";
-    ConvertToText(session, *app.Windows, gridFile, text);
-    GridInfo info;
-    info(1) = session.Info(1);
+    ConvertToText(session, gridFile, text);
     NodeScan scan;
     HeightLimits own;
     bool any = false;
@@ -86,10 +83,13 @@ HeightLimits ReadGridInfo(Session& session, Services& app, const std::string& gr
         while (!reader.NothingLeft()) {
             const double x = reader.ReadNumber();
             const double y = reader.ReadNumber();
-            TakePosition(scan, info, x, y);
-            TakeHeight(session, own, any, reader.ReadNumber());
+            const double z = reader.ReadNumber();
+            TakePosition(scan, session, x, y);
+            TakeHeight(session, own, any, z);
         }
     }
+    GridInfo info;
+    info(1) = session.KeptColumns;
     info(5) = ToInt16(Divide(static_cast<double>(scan.Count), info(1), "number of columns"), "number of rows");
     info(2) = scan.XMin;
     info(3) = scan.XMax;

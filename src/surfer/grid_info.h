@@ -17,9 +17,9 @@ struct HeightLimits {
 /// extremes over all grids read in this run; those of this grid alone are handed back. The text,
 /// `gridFile` less four characters and "temp.dat", is deleted at the end.
 ///
-/// A grid that lies wholly beyond 1,000,000 keeps that bound as its limit. Overflow for more than 32,767 rows,
-/// DivisionByZero for a text without a second y, InvalidCall for a name shorter than four characters, and what
-/// the conversion and reading its text throw.
+/// Attaches first, into `session.SurferApp`. A grid that lies wholly beyond 1,000,000 keeps that bound as its limit.
+/// Overflow for more than 32,767 rows, DivisionByZero for a text without a second y, InvalidCall for a name shorter
+/// than four characters, and what the conversion and reading its text throw.
 HeightLimits ReadGridInfo(Session& session, Services& app, const std::string& gridFile);
 
 }  // namespace crownlab

@@ -36,10 +36,14 @@ std::string CaptureReport(Services& app, const std::string& dir, const std::stri
     Desk& desk = *app.Screen;
     const std::string target = dir + "Report" + tag + ".txt";
     if (!IsFile(target)) WriteWholeFile(*app.Files, target, "junk\r\n");
-    // Away from Crownlab and back: the program's windows come to know which one is in front.
-    desk.SendKeys("%{TAB}");
-    desk.SendKeys("%{TAB}");
+    // Away from Crownlab and back: the program's windows come to know which one is in front. Waiting events run
+    // after each step.
+    for (int i = 0; i < 2; ++i) {
+        desk.SendKeys("%{TAB}");
+        desk.Yield();
+    }
     desk.ActivateWindow(ProgramWindow(*app.Windows));
+    desk.Yield();
     Pause(desk);
     desk.SendKeys("%fs" + target + "~");
     Pause(desk);

@@ -33,6 +33,8 @@ struct Session {
     /// The program as the point cloud window, the batch functions and the grid's shape use it.
     LateBound SurferApp;
     GridInfo Info;
+    /// Nodes in a row of the last grid that had a second row: one without is taken to be as wide.
+    double KeptColumns = 0;
     /// Highest and lowest z over all grids whose shape was read; they start at 0 and are never reset.
     double KeptZMin = 0;
     double KeptZMax = 0;

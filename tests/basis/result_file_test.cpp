@@ -2,17 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <filesystem>
 #include <memory>
 #include <string>
 
-#ifndef _WIN32
-#include <sys/resource.h>
-#endif
-
 #include "support/expect_failure.h"
 #include "support/ordinary_user.h"
+#include "support/small_disk.h"
 #include "support/temp_folder.h"
 
 namespace crownlab {
@@ -176,26 +172,6 @@ TEST_F(ResultFileTest, RefusesAFolderThatIsWriteProtected) {
 }
 
 #ifdef __linux__
-/// As long as it lives no file of this process may grow beyond `bytes`, as on a disk that is full then.
-class SmallDisk {
-public:
-    explicit SmallDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit small{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
-    ~SmallDisk() {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, handler_);
-    }
-
-private:
-    rlimit before_{};
-    void (*handler_)(int);
-};
-
 TEST_F(ResultFileTest, KeepsTheOldFileWhenTheDiskIsFull) {
     PutFile("a.csv", "old");
     {

@@ -11,6 +11,8 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTest>
+#include <algorithm>
+#include <filesystem>
 
 #include "crown_grid.h"
 #include "desktop/plot_view.h"
@@ -29,7 +31,6 @@ using ::testing::IsEmpty;
 /// The desktop with its plot window, as the program puts them together.
 struct PlotSession : DesktopSession {
     explicit PlotSession(const char* settings = "DIR\r\nSurferV8\r\n") : DesktopSession(settings) {
-        ShowPlots(Plots, Desk, Engine);
         Act([] {});
         Files = std::make_unique<FileTable>();
         WriteGrid(*Files, Folder / "crown.grd", CrownGrid(61, 46), GridFormat::Binary64);
@@ -58,7 +59,7 @@ struct PlotSession : DesktopSession {
         return names;
     }
 
-    PlotWindow Plots;
+    PlotWindow& Plots = ShowPlots(Desk, Engine);
     std::unique_ptr<FileTable> Files;
 };
 
@@ -179,9 +180,10 @@ TEST(PlotWindow, TheProgramRunsAsLongAsItIsOpen) {
     PlotSession session;
     session.Plot();
     session.Window("frmStartup").close();
+    QTest::qWait(20);
     EXPECT_FALSE(session.Ended.has_value());
     session.Plots.close();
-    EXPECT_EQ(session.Ended, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return session.Ended == 0; }));
 }
 
 TEST(PlotWindow, StaysUsableWhileABoxWaits) {
@@ -268,18 +270,98 @@ TEST(PlotWindow, SaysWhyAPlotIsNotSaved) {
     box->accept();
 }
 
-TEST(PlotWindow, AMapButtonComesWithWhatItOpens) {
+TEST(PlotWindow, OpensMapsOfGrids) {
     PlotSession session;
-    EXPECT_EQ(session.Plots.findChild<QAction*>("actOpenMap"), nullptr);
-    int opened = 0;
-    session.Plots.SetOpenMap([&opened] { ++opened; });
+    session.Choose("mnuStartSurfer");
     session.Action("actOpenMap").trigger();
-    EXPECT_EQ(opened, 1);
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto map = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        return dynamic_cast<const MapWindow*>(window) != nullptr && window->isVisible();
+    });
+    EXPECT_NE(map, windows.end());
+}
+
+/// Nine grids of the sample scan, by three methods in three sizes, and frmSurfFns with all of them in its list.
+void GridTheScan(PlotSession& session) {
+    std::filesystem::copy_file(CROWNLAB_SAMPLES "/scan.txt", session.Folder / "scan.txt");
+    session.Act([&] {
+        const LateBound program = session.Attached();
+        int number = 0;
+        for (const int nodes : {20, 60, 140}) {
+            for (const int method : {1, 2, 9}) {
+                program.Call("GridData", {{"DataFile", session.Folder / "scan.txt"},
+                                          {"NumCols", nodes},
+                                          {"NumRows", nodes + 5},
+                                          {"Algorithm", method},
+                                          {"ShowReport", false},
+                                          {"OutGrid", session.Folder / ("g" + std::to_string(++number) + ".grd")}});
+            }
+        }
+    });
+    std::filesystem::remove(session.Folder / "crown.grd");
+    session.Open("frmSurfFns");
+}
+
+void PlotBatch(PlotSession& session, const std::function<void()>& choose) {
+    session.Act([&] {
+        choose();
+        SetText(session.Get<TextBox>("frmSurfFns", "txtNoInPlotRow"), "4");
+        Press(session.Get<CommandButton>("frmSurfFns", "cmdAddAllFilenames"));
+        Press(session.Get<CommandButton>("frmSurfFns", "cmdPlotGrid"));
+    });
+}
+
+QImage ShownSheet(PlotSession& session, const char* name) {
+    session.Plots.resize(1400, 950);
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&session.Plots));
+    const QImage picture = Settled(*session.Plots.View());
+    KeepPicture(session.Plots.grab().toImage(), name);
+    return picture;
+}
+
+TEST(PlotWindow, ABatchOfNineGridsOnOneSheet) {
+    PlotSession session;
+    GridTheScan(session);
+    PlotBatch(session, [] {});
+    ASSERT_EQ(session.Plots.Document()->Shapes.size(), 18U) << "nine maps, nine labels";
+    const QImage picture = ShownSheet(session, "plot-batch-relief");
+    for (int slot = 1; slot <= 9; ++slot) {
+        const int row = (slot - 1) / 4;
+        const double x = 18.0 * (slot - 4 * row) + 10.19;
+        const double y = 13.97 - 18.0 * row;
+        const auto* map =
+            std::get_if<PlotMap>(&session.Plots.Document()->Shapes[2 * static_cast<std::size_t>(slot) - 2]);
+        ASSERT_NE(map, nullptr);
+        EXPECT_NEAR(map->Left + map->XLength / 2, x, 1e-9);
+        EXPECT_NEAR(map->Top - map->YLength / 2, y, 1e-9);
+        const QColor middle = ColourOnPage(*session.Plots.View(), picture, x, y);
+        EXPECT_GT(middle.red(), middle.blue()) << "ivory in the middle of map " << slot;
+        EXPECT_EQ(ColourOnPage(*session.Plots.View(), picture, x - 8.7, y), QColor(Qt::white)) << "between maps";
+    }
+}
+
+TEST(PlotWindow, ABatchOfSurfacesWithScaleBars) {
+    PlotSession session;
+    GridTheScan(session);
+    PlotBatch(session, [&] {
+        SelectOption(session.Get<OptionButton>("frmSurfFns", "opt3DSurface"));
+        SetChecked(session.Get<CheckBox>("frmSurfFns", "chkScaleBar"), true);
+        SetText(session.Get<TextBox>("frmSurfFns", "txtScaleBar"), "0.5");
+        SetChecked(session.Get<CheckBox>("frmSurfFns", "chkShowAxes"), false);
+    });
+    ASSERT_EQ(session.Plots.Document()->Shapes.size(), 18U);
+    const QImage picture = ShownSheet(session, "plot-batch-surfaces");
+    for (int slot = 1; slot <= 9; ++slot) {
+        const int row = (slot - 1) / 4;
+        EXPECT_NE(ColourOnPage(*session.Plots.View(), picture, 18.0 * (slot - 4 * row) + 10.19, 13.97 - 18.0 * row),
+                  QColor(Qt::white))
+            << slot;
+    }
 }
 
 TEST(PlotWindow, Screenshot) {
     PlotSession session;
-    for (int slot = 1; slot <= 4; ++slot) session.Plot(slot, slot);
+    for (const int type : {kPlotRelief, kPlotContour, kPlotImage, kPlotSurface}) session.Plot(type, type);
     session.Plots.resize(1100, 500);
     EXPECT_FALSE(Settled(*session.Plots.View()).isNull());
     KeepPicture(session.Plots.grab().toImage(), "plot-window");

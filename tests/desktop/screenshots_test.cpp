@@ -139,6 +139,21 @@ TEST(Screenshots, EveryPageOfThePointClouds) {
     Keep(window, "frmPtCloud-1280x800");
 }
 
+TEST(Screenshots, BatchFunctions) {
+    DesktopSession session;
+    for (const char* const name : {"lower_m1.grd", "lower_m1b.grd", "lower_m2.grd"}) {
+        PutFile(session.Folder / name, "DSAA\n2 2\n0 1\n0 1\n0 3\n0 1\n2 3\n");
+    }
+    FormWindow& window = session.Open("frmSurfFns");
+    session.Click("frmSurfFns", "cmdAddAllFilenames");
+    Keep(window, "frmSurfFns");
+    constexpr QSize screen(1280, 900);
+    EXPECT_TRUE(window.size().boundedTo(screen) == window.size()) << window.width() << " x " << window.height();
+    window.resize(window.minimumSizeHint());
+    Keep(window, "frmSurfFns-smallest");
+    std::printf("smallest %d x %d\n", window.width(), window.height());
+}
+
 TEST(Screenshots, EveryPageOfTheConversion) {
     DesktopSession session;
     PutFile(session.Folder / "hill.txt", "0,0,1\n3.6,0,2\n0,2.7,1\n3.6,2.7,0.5\n");
