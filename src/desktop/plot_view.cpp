@@ -16,6 +16,7 @@ namespace {
 
 constexpr double kPointsPerInch = 72;
 constexpr double kMargin = 20;  // points around the drawing
+const QColor kPageOutline(0xc8, 0xc8, 0xc8);
 constexpr double kSmallestSize = 0.005;
 constexpr double kLargestSize = 20;
 constexpr double kKeyZoom = 1.25;
@@ -142,20 +143,13 @@ void PlotView::resizeEvent(QResizeEvent*) {
     }
 }
 
-void PlotView::PaintSheet(QPainter& painter) const {
-    painter.fillRect(sheet_, Qt::white);
-    QPen pen(QColor(0xc8, 0xc8, 0xc8), 0, Qt::DashLine);
-    painter.setPen(pen);
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(PageRectangle());
-}
-
 void PlotView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
-    painter.fillRect(event->rect(), palette().color(QPalette::Mid));
+    painter.fillRect(event->rect(), Qt::white);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.setTransform(ToViewport());
-    PaintSheet(painter);
+    painter.setPen(QPen(kPageOutline, 0, Qt::DashLine));
+    painter.drawRect(PageRectangle());
     const QRectF part = ToViewport().inverted().mapRect(QRectF(event->rect()));
     pictures_.Begin(kDrawingTime, zooming_);
     DrawPlot(painter, *document_, part, [this](QPainter& on, const PlotMap& map, const QRectF& frame) {

@@ -55,7 +55,6 @@ private:
     void Place(double scale, QPointF middle);
     void ZoomAt(double factor, QPointF at);
     void SetBars();
-    void PaintSheet(QPainter& painter) const;
 
     std::shared_ptr<const PlotDocument> document_;
     PlotPictures pictures_;

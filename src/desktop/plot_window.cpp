@@ -5,8 +5,8 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
-#include <QPointer>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QScreen>
@@ -70,6 +70,8 @@ QAction* PlotWindow::AddAction(const QString& name, const QString& text, const Q
                                std::function<void()> act) {
     QAction* const action = bar_->addAction(text);
     action->setObjectName(name);
+    // Qt takes the dots off a button.
+    action->setIconText(QString(text).remove('&'));
     action->setToolTip(tip);
     QObject::connect(action, &QAction::triggered, this, std::move(act));
     return action;

@@ -262,6 +262,19 @@ TEST(PlotView, DragsAndScrolls) {
     EXPECT_GT(bar.value(), 0);
 }
 
+TEST(PlotView, BarsTellHowMuchIsSeen) {
+    Shown shown(CrownSheet(), {1500, 800});
+    QTest::qWait(20);
+    const QScrollBar& bar = *shown.View.horizontalScrollBar();
+    const double pixelsAUnit = shown.View.OnViewport(1, 0).x() - shown.View.OnViewport(0, 0).x();
+    EXPECT_EQ(bar.pageStep(), shown.View.viewport()->width());
+    // The page is left of what is fitted.
+    const double left = shown.View.OnViewport(0, 0).x();
+    EXPECT_LT(left, 0);
+    EXPECT_NEAR(bar.value(), -left + 20 / kPointsPerUnit * pixelsAUnit, 2);
+    EXPECT_NEAR(bar.maximum(), bar.value(), 2) << "nothing right of it";
+}
+
 TEST(PlotView, TheSheetCannotBeLost) {
     Shown shown(CrownSheet());
     shown.View.Zoom(3);
