@@ -40,12 +40,14 @@ PlotView::PlotView(std::shared_ptr<const PlotDocument> document, QWidget* parent
         zooming_ = false;
         viewport()->update();
     });
-    seenChanges_ = document_->Changes + 1;
-    Follow();
+    TakeExtent();
 }
 
 void PlotView::Follow() {
-    if (seenChanges_ == document_->Changes) return;
+    if (seenChanges_ != document_->Changes) TakeExtent();
+}
+
+void PlotView::TakeExtent() {
     seenChanges_ = document_->Changes;
     const QRectF drawing = ExtentOf(*document_);
     const QMarginsF margins(kMargin, kMargin, kMargin, kMargin);

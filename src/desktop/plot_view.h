@@ -48,6 +48,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void TakeExtent();
     double ActualScale() const;
     QTransform ToViewport() const;
     QPointF ViewportMiddle() const;
