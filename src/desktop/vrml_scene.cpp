@@ -35,16 +35,6 @@ void TakeReadError(const SoError* error, void*) {
     if (firstReadError.empty()) firstReadError = error->getDebugString().getString();
 }
 
-/// Coin is set up once in the process, when the first scene is made.
-void SetUpCoin() {
-    static const bool done = [] {
-        SoDB::init();
-        SoReadError::setHandlerCallback(TakeReadError, nullptr);
-        return true;
-    }();
-    (void)done;
-}
-
 template <typename Node>
 Node* FindFirst(SoNode* root) {
     SoSearchAction search;
@@ -71,6 +61,15 @@ bool HasAllHeights(const SoNode* root) {
 }
 
 }  // namespace
+
+void SetUpCoin() {
+    static const bool done = [] {
+        SoDB::init();
+        SoReadError::setHandlerCallback(TakeReadError, nullptr);
+        return true;
+    }();
+    (void)done;
+}
 
 struct VrmlScene::Coin {
     SoSeparator* Root = new SoSeparator;
@@ -99,6 +98,12 @@ struct VrmlScene::Coin {
         if (Model != nullptr) Root->removeChild(Model);
         Model = model;
         if (Model != nullptr) Root->addChild(Model);
+    }
+
+    void TakeBox() {
+        SoGetBoundingBoxAction size{SbViewportRegion()};
+        size.apply(Model);
+        Box = size.getBoundingBox();
     }
 
     void LookFromViewpoint() {
@@ -186,13 +191,25 @@ std::string VrmlScene::Read(const std::string& file) {
         coin_->SetModel(nullptr);
         return "holds fewer heights than it tells";
     }
-    SoGetBoundingBoxAction size{SbViewportRegion()};
-    size.apply(model);
-    coin_->Box = size.getBoundingBox();
+    LookAtModel();
+    return {};
+}
+
+void VrmlScene::Show(SoSeparator& model) {
+    coin_->SetModel(&model);
+    LookAtModel();
+}
+
+void VrmlScene::Replace(SoSeparator& model) {
+    coin_->SetModel(&model);
+    coin_->TakeBox();
+}
+
+void VrmlScene::LookAtModel() {
+    coin_->TakeBox();
     coin_->LookFromViewpoint();
     coin_->TakeSky();
     if (!coin_->HasViewpoint) Fit(QSize(1, 1));
-    return {};
 }
 
 void VrmlScene::Fit(QSize view) {
