@@ -61,6 +61,17 @@ bool IsStrong(double level, double step) {
     return std::abs(fives - std::round(fives)) < 1e-6;
 }
 
+/// The number of a level with as many decimals as the step between levels has.
+QString LevelText(double level, double step) {
+    constexpr int mostDecimals = 9;
+    for (int decimals = 0; decimals <= mostDecimals; ++decimals) {
+        const double scaled = step * std::pow(10.0, decimals);
+        if (std::abs(scaled - std::round(scaled)) > 1e-6 * std::abs(scaled)) continue;
+        return std::abs(level) < 1e9 ? QString::number(level, 'f', decimals) : ShownText(GeneralText(level));
+    }
+    return ShownText(GeneralText(level));
+}
+
 /// A number on a line: where, and how it is turned (degrees, never upside down).
 struct NumberPlace {
     QPointF At;
@@ -118,7 +129,6 @@ void PaintContours(QPainter& painter, const MapTransform& transform, const QRect
                    double unit) {
     if (lines.empty()) return;
     const double step = levels.size() > 1 ? levels[1] - levels[0] : 1;
-    const AxisTicks numbers = TicksBetween(levels.front(), levels.back() + step, static_cast<int>(levels.size()) + 1);
     painter.save();
     painter.setClipRect(clip, Qt::IntersectClip);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -135,7 +145,7 @@ void PaintContours(QPainter& painter, const MapTransform& transform, const QRect
                             Qt::RoundCap, Qt::RoundJoin));
         painter.drawPolyline(polyline);
         if (!style.Numbers) continue;
-        const QString text = ShownText(numbers.At.empty() ? GeneralText(line.Level) : TickText(numbers, line.Level));
+        const QString text = LevelText(line.Level, step);
         NumberPlace place;
         const double width = metrics.horizontalAdvance(text);
         if (FindNumberPlace(polyline, 1.6 * width, clip, place)) places.emplace_back(place, text);

@@ -24,8 +24,8 @@
 #include "desktop/shown_text.h"
 #include "desktop/surface_model.h"
 #include "desktop/vrml_widget.h"
+#include "mapengine/bilinear_height.h"
 #include "mapengine/grid_file.h"
-#include "mapengine/map_height.h"
 
 namespace crownlab {
 namespace {
@@ -283,6 +283,9 @@ void MapWindow::ApplyLook() {
 void MapWindow::UpdateSurface(bool keepsView) {
     if (!grid_) return;
     const MapLook look = lookPanel_->Look(view_);
+    // A surface of another height is looked at anew: it could reach out of sight.
+    keepsView = keepsView && look.HeightFactor == surfaceFactor_;
+    surfaceFactor_ = look.HeightFactor;
     SoSeparator* const model = MakeSurfaceModel(*grid_, look.Palette, look.HeightFactor);
     surfaceWasShown_ = space_->ShowModel(*model, keepsView);
     model->unref();
@@ -290,7 +293,7 @@ void MapWindow::UpdateSurface(bool keepsView) {
 }
 
 QString MapWindow::HeightText(const PlanePoint& at) const {
-    const double z = grid_ ? MapHeight(*grid_, at.x, at.y) : kBlankHeight;
+    const double z = grid_ ? BilinearHeight(*grid_, at.x, at.y) : kBlankHeight;
     return IsBlank(z) ? QStringLiteral("\u2013") : NumberText(z, DecimalsFor((range_.High - range_.Low) / 20000));
 }
 

@@ -95,6 +95,7 @@ private:
     bool surface_ = false;
     bool surfaceIsOld_ = true;
     bool surfaceWasShown_ = false;
+    double surfaceFactor_ = 1;
     bool closing_ = false;
 
     MapCanvas* canvas_;

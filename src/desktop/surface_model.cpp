@@ -120,8 +120,8 @@ SoSeparator* MakeSkin(const Mesh& mesh) {
     hints->shapeType = SoShapeHints::UNKNOWN_SHAPE_TYPE;  // seen from both sides
     skin->addChild(hints);
     auto* const material = new SoMaterial;
-    material->specularColor.setValue(0.18f, 0.18f, 0.18f);
-    material->shininess = 0.3f;
+    material->specularColor.setValue(0.06f, 0.06f, 0.06f);
+    material->shininess = 0.4f;
     skin->addChild(material);
     auto* const vertices = new SoVertexProperty;
     vertices->vertex.setValues(0, static_cast<int>(mesh.Vertices.size()), mesh.Vertices.data());
@@ -196,9 +196,9 @@ SoSeparator* MakeSurfaceModel(const Grid& grid, MapPalette palette, double heigh
     auto* const model = new SoSeparator;
     model->ref();
     auto* const look = new SoVRMLViewpoint;
-    constexpr float fromTheFront = 0.9f;  // radians that the eye is turned up from looking straight down
+    constexpr float fromTheFront = 0.75f;  // radians that the eye is turned up from looking straight down
     look->orientation = SbRotation(SbVec3f(1, 0, 0), fromTheFront);
-    look->position.setValue(0, -20, 16);
+    look->position.setValue(0, -17, 18);
     look->fieldOfView = 0.6f;
     model->addChild(look);
     const Mesh mesh = MakeMesh(grid, range, scale, palette);
