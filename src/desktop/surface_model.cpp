@@ -196,7 +196,7 @@ SoSeparator* MakeSurfaceModel(const Grid& grid, MapPalette palette, double heigh
     auto* const model = new SoSeparator;
     model->ref();
     auto* const look = new SoVRMLViewpoint;
-    constexpr float fromTheFront = 0.75f;  // radians that the eye is turned up from looking straight down
+    constexpr float fromTheFront = 0.85f;  // radians that the eye is turned up from looking straight down
     look->orientation = SbRotation(SbVec3f(1, 0, 0), fromTheFront);
     look->position.setValue(0, -17, 18);
     look->fieldOfView = 0.6f;
