@@ -2,6 +2,7 @@
 
 #include <Inventor/VRMLnodes/SoVRMLViewpoint.h>
 #include <Inventor/nodes/SoBaseColor.h>
+#include <Inventor/nodes/SoDirectionalLight.h>
 #include <Inventor/nodes/SoFont.h>
 #include <Inventor/nodes/SoIndexedFaceSet.h>
 #include <Inventor/nodes/SoLightModel.h>
@@ -201,6 +202,11 @@ SoSeparator* MakeSurfaceModel(const Grid& grid, MapPalette palette, double heigh
     look->position.setValue(0, -17, 18);
     look->fieldOfView = 0.6f;
     model->addChild(look);
+    // A weak light from the other side, so that the shade isn't black.
+    auto* const fill = new SoDirectionalLight;
+    fill->direction.setValue(-0.7f, 0.3f, -0.6f);
+    fill->intensity = 0.35f;
+    model->addChild(fill);
     const Mesh mesh = MakeMesh(grid, range, scale, palette);
     if (!mesh.Corners.empty()) model->addChild(MakeSkin(mesh));
     model->addChild(MakeFrame(grid.Shape, scale));
