@@ -155,11 +155,15 @@ void PaintContours(QPainter& painter, const MapTransform& transform, const QRect
 }
 
 QMarginsF AxesMargins(const QFontMetricsF& metrics, const GridGeometry& shape, double unit) {
-    constexpr int mostNumbers = 10;
+    // How many numbers there will be depends on the frame: room for those of few and of many.
+    const auto widest = [&metrics](double low, double high) {
+        return std::max(WidestText(metrics, TicksBetween(low, high, 6)),
+                        WidestText(metrics, TicksBetween(low, high, 20)));
+    };
     const double gap = (kTickLength + kTextGap) * unit;
-    const double up = WidestText(metrics, TicksBetween(shape.YMin, shape.YMax, mostNumbers));
+    const double up = widest(shape.YMin, shape.YMax);
     // The outermost numbers of the x axis reach half beyond the frame.
-    const double half = WidestText(metrics, TicksBetween(shape.XMin, shape.XMax, mostNumbers)) / 2;
+    const double half = widest(shape.XMin, shape.XMax) / 2;
     return {std::max(up + gap + kTextGap * unit, half), metrics.height() / 2, half + unit, metrics.height() + gap};
 }
 

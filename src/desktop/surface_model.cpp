@@ -3,6 +3,7 @@
 #include <Inventor/VRMLnodes/SoVRMLViewpoint.h>
 #include <Inventor/nodes/SoBaseColor.h>
 #include <Inventor/nodes/SoDirectionalLight.h>
+#include <Inventor/nodes/SoDrawStyle.h>
 #include <Inventor/nodes/SoFont.h>
 #include <Inventor/nodes/SoIndexedFaceSet.h>
 #include <Inventor/nodes/SoLightModel.h>
@@ -158,6 +159,18 @@ void AddNumber(SoSeparator& frame, const SbVec3f& at, const std::string& text) {
     frame.addChild(place);
 }
 
+/// An unseen rectangle around the frame: the numbers, whose size is of the screen, don't count where the scene is
+/// fitted into the view.
+void AddRoomForNumbers(SoSeparator& frame, const SbVec3f& low, const SbVec3f& high) {
+    auto* const unseen = new SoSeparator;
+    auto* const style = new SoDrawStyle;
+    style->style = SoDrawStyle::INVISIBLE;
+    unseen->addChild(style);
+    const SbVec3f room(2 * kNumberGap, 2 * kNumberGap, 0);
+    AddLine(*unseen, {low - room, high + room});
+    frame.addChild(unseen);
+}
+
 /// The rectangle of the limits on the ground, with ticks and numbers along its front and its left side.
 SoSeparator* MakeFrame(const GridGeometry& shape, const SceneScale& scale) {
     auto* const frame = new SoSeparator;
@@ -173,6 +186,7 @@ SoSeparator* MakeFrame(const GridGeometry& shape, const SceneScale& scale) {
     const auto ground = [&](double x, double y) { return scale.At(x, y, scale.Z0); };
     AddLine(*frame, {ground(shape.XMin, shape.YMin), ground(shape.XMax, shape.YMin), ground(shape.XMax, shape.YMax),
                      ground(shape.XMin, shape.YMax), ground(shape.XMin, shape.YMin)});
+    AddRoomForNumbers(*frame, ground(shape.XMin, shape.YMin), ground(shape.XMax, shape.YMax));
     const AxisTicks across = TicksBetween(shape.XMin, shape.XMax, kMostTicks);
     for (const double x : across.At) {
         const SbVec3f foot = ground(x, shape.YMin);

@@ -147,6 +147,23 @@ TEST_F(TheMapWindow, FitsZoomsAtTheMouseAndPans) {
     EXPECT_NEAR(Canvas().Transform().X0, 6, 1e-9);
 }
 
+TEST_F(TheMapWindow, HasRoomForItsNumbersAtEveryZoom) {
+    const auto inkAtTheLeftEdge = [this] {
+        const QImage image = Canvas().grab().toImage();
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y) count += image.pixelColor(1, y).lightness() < 200 ? 1 : 0;
+        return count;
+    };
+    for (int notches = 0; notches < 50; ++notches) {
+        if (notches % 7 == 0) {
+            EXPECT_EQ(inkAtTheLeftEdge(), 0) << "cut off after " << notches;
+        }
+        Wheel(QPointF(Pixel(3.77, 8.313)), 1);
+    }
+    EXPECT_EQ(inkAtTheLeftEdge(), 0);
+    Keep(*Window, "map-zoomed");
+}
+
 TEST_F(TheMapWindow, StaysFittedWhenItsSizeChanges) {
     Window->resize(800, 600);
     QTest::qWait(50);
@@ -197,7 +214,7 @@ TEST_F(TheMapWindow, DigitisesFinerTheCloserItLooks) {
     Choose("actionDigitise");
     for (int i = 0; i < 8; ++i) Wheel(QPointF(Pixel(4.2, 7.7)), 5);
     const double pixel = PixelSize();
-    EXPECT_LT(pixel, 1e-4);
+    EXPECT_LT(pixel, 3e-5);
     const QPoint at = Canvas().Frame().center().toPoint();
     const PlanePoint wanted = Canvas().Transform().ToMap(at);
     QTest::mouseClick(&Canvas(), Qt::LeftButton, {}, at);
