@@ -69,9 +69,10 @@ void MapCanvas::MakeContours() {
     if (look_.View != MapView::Contours && !look_.ContourLines) return;
     const double span = range_.High - range_.Low;
     if (look_.ContourStep > 0 && span / look_.ContourStep <= kMostLines) {
-        for (double count = std::floor(range_.Low / look_.ContourStep) + 1; count * look_.ContourStep < range_.High;
-             ++count)
-            levels_.push_back(count * look_.ContourStep);
+        const double first = std::floor(range_.Low / look_.ContourStep) + 1;
+        for (int i = 0; (first + i) * look_.ContourStep < range_.High; ++i) {
+            levels_.push_back((first + i) * look_.ContourStep);
+        }
     } else {
         levels_ = ContourLevels(range_, kMostLevels);
     }

@@ -42,7 +42,8 @@ int DecimalsFor(double step) {
 QString NumberText(double number, int decimals) {
     const QString text = QString::number(number, 'f', decimals);
     // A negative number that is rounded to nothing.
-    return text.toDouble() == 0 && text.startsWith('-') ? text.mid(1) : text;
+    const QString zero = QString::number(0.0, 'f', decimals);
+    return text == "-" + zero ? zero : text;
 }
 
 }  // namespace
