@@ -48,16 +48,19 @@ QString NumberText(double number, int decimals) {
 
 }  // namespace
 
-MapWindow::MapWindow(FileTable& files) : files_(files), views_(new QActionGroup(this)), tools_(new QActionGroup(this)) {
+MapWindow::MapWindow(FileTable& files)
+    : files_(files),
+      canvas_(new MapCanvas(points_)),
+      space_(new VrmlWidget),
+      pages_(new QStackedWidget),
+      views_(new QActionGroup(this)),
+      tools_(new QActionGroup(this)) {
     // Numbers are written as everywhere in the program, whatever the user's language.
     setLocale(QLocale::c());
     setObjectName("mapWindow");
     setAcceptDrops(true);
-    canvas_ = new MapCanvas(points_);
     canvas_->setObjectName("mapCanvas");
-    space_ = new VrmlWidget;
     space_->setObjectName("mapSpace");
-    pages_ = new QStackedWidget;
     pages_->addWidget(canvas_);
     pages_->addWidget(space_);
     auto* const split = new QSplitter;
