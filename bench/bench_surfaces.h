@@ -4,6 +4,7 @@
 #include <string>
 
 #include "forms/desk.h"
+#include "surfer/automation.h"
 #include "viewer/surface_grid.h"
 
 namespace crownlab::bench {
@@ -42,6 +43,15 @@ public:
     std::string ClipboardText() override { return {}; }
     void OpenFile(const std::string&) override {}
     void ShowFailure(const Failure&) override {}
+};
+
+/// No mapping program runs.
+class NoMappingProgram : public AutomationServer {
+public:
+    ObjectRef Running(std::string_view) override { return nullptr; }
+    ObjectRef Create(std::string_view) override { return nullptr; }
+    bool ActivateWindow(const std::string&) override { return false; }
+    void SendKeys(const std::string&) override {}
 };
 
 }  // namespace crownlab::bench

@@ -40,7 +40,9 @@ void PatchCount(benchmark::State& state) {
     WriteSurfaceText(SmoothSurface(side), folder.Path("surface.csv"), 12);
     const double before = MemoryInUse();
     SilentDesk desk;
-    Application application(desk, folder.Folder());
+    NoMappingProgram program;
+    ActiveObjects objects(program);
+    Application application(desk, folder.Folder(), objects);
     FrmCSVView& form = OpenViewer(application);
     SetPath(form.Dir1, folder.Folder());
     SelectEntry(form.File1, "surface.csv");

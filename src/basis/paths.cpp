@@ -118,6 +118,11 @@ void MakeFolder(const std::string& path) {
     throw Failure(parentMissing ? FailureKind::PathNotFound : FailureKind::PermissionDenied, path);
 }
 
+void RemoveFile(const std::string& path) {
+    std::error_code ignored;
+    std::filesystem::remove(path, ignored);
+}
+
 std::vector<std::string> ListFiles(const std::string& folder, std::string_view pattern) {
     return ListEntries(folder, [pattern](const fs::directory_entry& entry) {
         std::error_code error;

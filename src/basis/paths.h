@@ -37,6 +37,9 @@ void ChangeFolder(const std::string& path);
 /// that is there already is fine.
 void MakeFolder(const std::string& path);
 
+/// Deletes a file. One that isn't there is fine, and one that can't be deleted stays.
+void RemoveFile(const std::string& path);
+
 /// Names of the files (not folders) of `folder` that match `pattern`, by name without regard to case.
 /// PathNotFound if the folder isn't there.
 std::vector<std::string> ListFiles(const std::string& folder, std::string_view pattern);

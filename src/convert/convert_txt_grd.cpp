@@ -1,6 +1,4 @@
-#include <filesystem>
-#include <system_error>
-
+#include "basis/paths.h"
 #include "convert/conversion_run.h"
 #include "convert/frm_conversion.h"
 #include "convert/grid_data_call.h"
@@ -26,8 +24,7 @@ void GridFile(FrmConversion& form, BatchFile& file, double most) {
     GridScatteredPoints(*form.Shell.Surfer, form.SurferApp, points, lattice,
                         {.InverseDistance = form.optInvDist.Selected, .Kriging = form.optKrig.Selected},
                         file.OutputPath);
-    std::error_code gone;
-    if (mould) std::filesystem::remove(points, gone);
+    if (mould) RemoveFile(points);
 }
 
 }  // namespace

@@ -19,6 +19,18 @@ struct Route {
 constexpr auto kRoutes = std::to_array<Route>({
     {source_type::kTiffText, target_type::kSurferGrid, ConvertTIFF_GRD},
     {source_type::kHawkText, target_type::kSurferGrid, ConvertTXT_GRD},
+    {source_type::kPicza, target_type::kSurferGrid, ConvertPIX_GRD},
+    {source_type::kPicza, target_type::kCsv, ConvertPIX_CSV},
+    {source_type::kSurferGrid, target_type::kPicza, ConvertGRD_PIX},
+    {source_type::kSurferGrid, target_type::kVrmlElevation, ConvertGRD_WRL},
+    {source_type::kSurferGrid, target_type::kVrmlPolygons, ConvertGRD_WRL},
+    {source_type::kSurferGrid, target_type::kVrmlSurface, ConvertGRD_WRL},
+    {source_type::kSurferGrid, target_type::kDat, ConvertGRD_DAT},
+    {source_type::kSurferGrid, target_type::kXyz, ConvertGRD_XYZ},
+    {source_type::kSurferGrid, target_type::kDxf, ConvertGRD_DXF},
+    {source_type::kTiffText, target_type::kVrml, ConvertTIFF_WRL},
+    {source_type::kCsv, target_type::kVrml, ConvertCSV_WRL},
+    {source_type::kCsv, target_type::kTiffDem, ConvertCSV_TIF},
 });
 
 }  // namespace

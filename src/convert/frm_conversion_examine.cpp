@@ -33,7 +33,7 @@ void cmdExamineFile_Click(FrmConversion& form) {
     form.MousePointer = kPointerHourglass;
     std::string path;
     if (form.NoFiles == 0) {
-        // The pointer stays as it is, here alone: so this button always has been.
+        // The hourglass stays until the next press: this button has never put it back here.
         if (IsNoTextName(form.Text1.Text)) return Tell(form, "Choose text filename", "Filename");
         path = JoinPath(form.File1.Path, form.Text1.Text);
     } else {

@@ -49,6 +49,26 @@ std::vector<PlanePoint> ReadDigitisedPoints(const std::string& path, int count) 
     return ReadPoints(reader, static_cast<std::uint64_t>(count));
 }
 
+std::vector<std::vector<PlanePoint>> ReadDigitisedAreas(const std::string& path) {
+    constexpr std::size_t most = 1000;
+    const FileText text = ReadFileText(path);
+    FieldReader lines(text.View(), path);
+    if (lines.AtEnd()) throw Failure(FailureKind::SubscriptOutOfRange, path + " has no point");
+    std::vector<std::vector<PlanePoint>> areas(1);
+    while (!lines.AtEnd()) {
+        const std::string_view line = lines.ReadLine();
+        if (line == "-1") {
+            if (areas.size() == most) throw Failure(FailureKind::SubscriptOutOfRange, path + ": number of areas");
+            areas.emplace_back();
+            continue;
+        }
+        FieldReader fields(line, path);
+        const double x = fields.ReadNumber();
+        areas.back().push_back({x, fields.ReadNumber()});
+    }
+    return areas;
+}
+
 void WriteRing(ResultFile& file, std::span<const PlanePoint> points, BoundaryFlag flag) {
     WriteHead(file, points.size() + 1, flag);
     for (const PlanePoint& point : points) WritePoint(file, point);

@@ -31,6 +31,11 @@ std::vector<PlanePoint> ReadDigitisedPoints(const std::string& path);
 /// Exactly `count` points; further lines are disregarded.
 std::vector<PlanePoint> ReadDigitisedPoints(const std::string& path, int count);
 
+/// The points of several areas, a line that is exactly "-1" between them; an area may have none. SubscriptOutOfRange
+/// for a file without a line and for more than 1000 areas, InputPastEnd where a line has fewer than two numbers,
+/// TypeMismatch, and what reading a file throws.
+std::vector<std::vector<PlanePoint>> ReadDigitisedAreas(const std::string& path);
+
 /// One closed ring as print records: a head line with the number of points and the flag, the points, and the first
 /// point once more. `points` isn't empty.
 void WriteRing(ResultFile& file, std::span<const PlanePoint> points, BoundaryFlag flag);

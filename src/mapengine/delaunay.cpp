@@ -16,7 +16,7 @@ using Kernel = CGAL::Exact_predicates_inexact_constructions_kernel;
 using Vertex = CGAL::Triangulation_vertex_base_with_info_2<std::uint32_t, Kernel>;
 using Delaunay = CGAL::Delaunay_triangulation_2<Kernel, CGAL::Triangulation_data_structure_2<Vertex>>;
 
-/// Memory of a point with its two faces, and of the triangles made of them, measured.
+/// Memory of a point's place, its vertex, its two faces and the two triangles made of them; no less than it takes.
 constexpr std::uint64_t kBytesAPoint = 320;
 
 Delaunay Inserted(const DataPoints& points) {

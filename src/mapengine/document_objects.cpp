@@ -81,7 +81,7 @@ Value SheetCells(SheetObject& sheet, const Arguments& given) {
     const CallArguments arguments("Cells", {"Cell"}, given);
     const std::string label = arguments.Text("Cell");
     const std::optional<CellPlace> place = ParseCellLabel(label);
-    if (!place) arguments.Fail("Cell", "\"" + label + "\" is not a label such as \"B166\"");
+    if (!place) arguments.Fail("Cell", QuotedText(label) + R"( is not a label such as "B166")");
     return sheet.Opened()->Sheet.Cell(place->Row, place->Column);
 }
 

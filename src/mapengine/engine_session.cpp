@@ -32,7 +32,7 @@ SheetRef EngineSession::OpenWorksheet(Worksheet sheet) {
     document->Name = sheet.Path.empty() ? "Sheet" + std::to_string(++sheetsNamed_) : FileNameOf(sheet.Path);
     document->Sheet = std::move(sheet);
     document->Handle = ++handles_;
-    documents_.push_back(document);
+    documents_.emplace_back(document);
     changed_();
     return document;
 }
@@ -40,7 +40,7 @@ SheetRef EngineSession::OpenWorksheet(Worksheet sheet) {
 PlotRef EngineSession::AddPlot() {
     auto document = std::make_shared<PlotDocument>();
     document->Name = "Plot" + std::to_string(++plotsMade_);
-    documents_.push_back(document);
+    documents_.emplace_back(document);
     changed_();
     return document;
 }
@@ -76,10 +76,11 @@ std::vector<std::shared_ptr<const PlotDocument>> EngineSession::Plots() const {
 }
 
 PlotRef EngineSession::ActivePlot() const {
-    for (auto document = documents_.rbegin(); document != documents_.rend(); ++document) {
-        if (const PlotRef* const plot = std::get_if<PlotRef>(&*document)) return *plot;
+    PlotRef last;
+    for (const DocumentRef& document : documents_) {
+        if (const PlotRef* const plot = std::get_if<PlotRef>(&document)) last = *plot;
     }
-    return nullptr;
+    return last;
 }
 
 SheetRef EngineSession::SheetOfHandle(int handle) const {

@@ -75,13 +75,6 @@ FilterWeights FiveNodes(bool along) {
 
 }  // namespace
 
-double& FilterWeights::At(int column, int row) {
-    const auto width = 2 * static_cast<std::size_t>(ColumnReach) + 1;
-    return Values[static_cast<std::size_t>(row + RowReach) * width + static_cast<std::size_t>(column + ColumnReach)];
-}
-
-double FilterWeights::At(int column, int row) const { return const_cast<FilterWeights&>(*this).At(column, row); }
-
 bool HasChosenSize(int filter) { return filter >= filter_number::kMovingAverage && filter <= filter_number::kGaussian; }
 
 FilterWeights SizedFilter(int filter, int size, double alpha, const GridGeometry& shape) {

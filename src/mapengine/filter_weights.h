@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "mapengine/grid.h"
@@ -13,8 +14,13 @@ struct FilterWeights {
     int RowReach = 0;
     std::vector<double> Values;
 
-    double& At(int column, int row);  ///< of the neighbour that many nodes away
-    double At(int column, int row) const;
+    /// Place of the neighbour that many nodes away.
+    std::size_t Index(int column, int row) const {
+        const auto width = 2 * static_cast<std::size_t>(ColumnReach) + 1;
+        return static_cast<std::size_t>(row + RowReach) * width + static_cast<std::size_t>(column + ColumnReach);
+    }
+    double At(int column, int row) const { return Values[Index(column, row)]; }
+    double& At(int column, int row) { return Values[Index(column, row)]; }
 };
 
 /// The numbers by which a call asks for a filter.

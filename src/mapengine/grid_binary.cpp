@@ -74,7 +74,7 @@ std::string_view FindSection(Bytes& bytes, std::string_view wanted) {
     while (true) {
         if (bytes.Rest().size() < 2 * sizeof(std::uint32_t)) FailCall("it has no " + std::string(wanted) + " section");
         const std::string_view tag = bytes.TakeBytes(wanted.size());
-        const std::uint64_t size = bytes.Take<std::uint32_t>();
+        const auto size = bytes.Take<std::uint32_t>();
         if (tag == wanted) return bytes.TakeBytes(std::min<std::uint64_t>(size, bytes.Rest().size()));
         bytes.TakeBytes(size);
     }
@@ -110,7 +110,7 @@ GridSection ReadGridSection(std::string_view content) {
     shape.XMax = FarLimit(shape.XMin, bytes.Take<double>(), shape.Columns - 1.0);
     shape.YMax = FarLimit(shape.YMin, bytes.Take<double>(), shape.Rows - 1.0);
     bytes.TakeBytes(2 * sizeof(double));  // z limits, which the heights tell better
-    const double rotation = bytes.Take<double>();
+    const auto rotation = bytes.Take<double>();
     section.BlankValue = bytes.Take<double>();
     if (rotation != 0) FailCall("it is turned by " + GeneralText(rotation) + " degrees");
     RequireGeometry(shape);
@@ -162,27 +162,27 @@ double Height64(double z) { return IsBlank(z) ? kBlankHeight : z + 0.0; }
 
 }  // namespace
 
-Grid ReadBinary32(std::string_view file) {
-    Bytes bytes(file);
-    bytes.TakeBytes(4);
+Grid ReadBinary32(std::string_view bytes) {
+    Bytes rest(bytes);
+    rest.TakeBytes(4);
     GridGeometry shape;
-    shape.Columns = bytes.Take<std::int16_t>();
-    shape.Rows = bytes.Take<std::int16_t>();
-    shape.XMin = bytes.Take<double>();
-    shape.XMax = bytes.Take<double>();
-    shape.YMin = bytes.Take<double>();
-    shape.YMax = bytes.Take<double>();
-    bytes.TakeBytes(2 * sizeof(double));  // z limits, which the heights tell better
-    return GridOf<float>(shape, bytes.Rest(), kBlankHeight);
+    shape.Columns = rest.Take<std::int16_t>();
+    shape.Rows = rest.Take<std::int16_t>();
+    shape.XMin = rest.Take<double>();
+    shape.XMax = rest.Take<double>();
+    shape.YMin = rest.Take<double>();
+    shape.YMax = rest.Take<double>();
+    rest.TakeBytes(2 * sizeof(double));  // z limits, which the heights tell better
+    return GridOf<float>(shape, rest.Rest(), kBlankHeight);
 }
 
-Grid ReadBinary64(std::string_view file) {
-    Bytes bytes(file);
-    Bytes head(FindSection(bytes, "DSRB"));
+Grid ReadBinary64(std::string_view bytes) {
+    Bytes rest(bytes);
+    Bytes head(FindSection(rest, "DSRB"));
     const auto version = head.Take<std::int32_t>();
     if (version < 1 || version > kLatestVersion) FailCall("its version " + std::to_string(version) + " isn't known");
-    const GridSection section = ReadGridSection(FindSection(bytes, kGridTag));
-    return GridOf<double>(section.Shape, FindSection(bytes, kDataTag), section.BlankValue);
+    const GridSection section = ReadGridSection(FindSection(rest, kGridTag));
+    return GridOf<double>(section.Shape, FindSection(rest, kDataTag), section.BlankValue);
 }
 
 void WriteBinary32(ResultFile& file, const Grid& grid) {

@@ -1,5 +1,6 @@
 #include "mapengine/grid_derivatives.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "basis/arc_tangent.h"
@@ -63,16 +64,27 @@ public:
         : columns_(shape.Columns), dx_(shape.SpacingX()), dy_(shape.SpacingY()), direction_(DirectionOf(degrees)) {}
 
     void Row(const RowWindow& rows, double* curvature) const {
-        const bool whole = rows.IsWhole();
-        if (whole) Inner(rows.Row(-1), rows.Row(0), rows.Row(1), curvature);
-        for (int i = 0; i < columns_; ++i) {
-            const bool edge = i == 0 || i == columns_ - 1;
-            if (edge || !whole) curvature[i] = Node(rows, i);
+        // All nodes alike first; then those again that have something blank around them.
+        Inner(rows.Row(-1), rows.Row(0), rows.Row(1), curvature);
+        curvature[0] = Node(rows, 0);
+        curvature[columns_ - 1] = Node(rows, columns_ - 1);
+        if (rows.IsWhole()) return;
+        for (int i = 1; i < columns_ - 1; ++i) {
+            if (IsBlank(HighestAround(rows, i))) curvature[i] = Node(rows, i);
         }
     }
 
 private:
-    /// All nodes but the first and the last, where no neighbour is blank: the same numbers as Node's, many at once.
+    static double HighestAround(const RowWindow& rows, int column) {
+        double highest = rows.Row(0)[column];
+        for (int row = -1; row <= 1; ++row) {
+            const double* const z = rows.Row(row) + column;
+            highest = std::max(highest, std::max(z[-1], std::max(z[0], z[1])));
+        }
+        return highest;
+    }
+
+    /// All nodes but the first and the last: the same numbers as Node's where no neighbour is blank, many at once.
     CROWNLAB_WIDE void Inner(const double* below, const double* here, const double* above, double* curvature) const {
         const double c = direction_.X;
         const double s = direction_.Y;

@@ -172,7 +172,7 @@ private:
 }  // namespace
 
 GridFormula ParseGridFormula(std::string_view function) {
-    const GridFormula formula = FormulaWords(function).Read();
+    GridFormula formula = FormulaWords(function).Read();
     try {
         Evaluator evaluator(formula);
         evaluator.Of(1, 1);

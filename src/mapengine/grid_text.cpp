@@ -83,7 +83,7 @@ std::string Shortest(double value) {
 double HeightOf(double z) { return IsBlank(z) ? kBlankHeight : z; }
 
 /// Longest text of one node, in either form.
-constexpr std::size_t kNodeBytes = 3 * kNumberTextMax;
+constexpr std::size_t kNodeBytes = std::size_t{3} * kNumberTextMax;
 
 /// Writes the texts of all nodes in order. They are made on all cores, some megabytes at a time; `put` writes those of
 /// nodes first to last - 1 and returns their end.

@@ -181,10 +181,10 @@ double Farthest(const Neighbours& found) {
 
 }  // namespace
 
-double LocalKriging(const Neighbours& neighbours) {
+double LocalKriging(const Neighbours& found) {
     double height = 0;
-    if (ByCholesky(neighbours, Farthest(neighbours), height)) return height;
-    return LocalKrigingByLu(neighbours);
+    if (ByCholesky(found, Farthest(found), height)) return height;
+    return LocalKrigingByLu(found);
 }
 
 double LocalKrigingByLu(const Neighbours& found) {

@@ -1,10 +1,13 @@
+#include <algorithm>
 #include <array>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "basis/failure.h"
+#include "basis/text.h"
 #include "mapengine/data_file.h"
 #include "mapengine/engine_session.h"
 #include "mapengine/grid_file.h"
@@ -62,10 +65,7 @@ constexpr int kPlaneRowByArguments = 170;
 int PlaneRow(int algorithm) { return algorithm == kRegressionByArguments ? kPlaneRowByArguments : kPlaneRow; }
 
 bool HasRegression(const CallArguments& arguments) {
-    for (const std::string_view name : kRegression) {
-        if (arguments.Has(name)) return true;
-    }
-    return false;
+    return std::ranges::any_of(kRegression, [&](std::string_view name) { return arguments.Has(name); });
 }
 
 const MethodNumber& MethodOf(const EngineCall& call, const CallArguments& arguments) {
@@ -91,7 +91,8 @@ int ColumnFrom(const CallArguments& arguments, std::string_view name, int first,
     const int column = arguments.Whole(name, otherwise + first - 1);
     if (column < first)
         arguments.Fail(name, "is " + std::to_string(column) + "; the first column is " + std::to_string(first));
-    return column - first + 1;
+    // No line has as many fields as there are numbers.
+    return std::min(column, std::numeric_limits<int>::max() - 1) - first + 1;
 }
 
 DataColumns ColumnsFrom(const EngineCall& call, const CallArguments& arguments) {
@@ -105,7 +106,7 @@ std::optional<double> ExcludedAbove(const CallArguments& arguments) {
     const std::optional<std::string> filter = arguments.OptionalText("ExclusionFilter");
     if (!filter) return std::nullopt;
     const std::optional<double> above = ParseExclusionFilter(*filter);
-    if (!above) arguments.Fail("ExclusionFilter", "is \"" + *filter + "\"; only \"Z > number\" is understood");
+    if (!above) arguments.Fail("ExclusionFilter", "is " + QuotedText(*filter) + R"(; only "Z > number" is understood)");
     return above;
 }
 
@@ -132,9 +133,10 @@ WantedGeometry WantedFrom(const CallArguments& arguments) {
 /// Hands the plane over: "Surfer.APP" by the clipboard, "Surfer.Application" by a report.
 void LeaveReport(EngineCall& call, Worksheet report, const ScatteredGrid& result) {
     if (!call.IsSix()) {
-        call.Afterwards.push_back([report = std::move(report)](EngineSession& session) { session.OpenReport(report); });
+        call.Afterwards.emplace_back(
+            [report = std::move(report)](EngineSession& session) { session.OpenReport(report); });
     } else if (result.Plane) {
-        call.Afterwards.push_back(
+        call.Afterwards.emplace_back(
             [line = PlaneLine(*result.Plane)](EngineSession& session) { session.SetClipboardText(line); });
     }
 }

@@ -37,7 +37,7 @@ Value CallGridResiduals(EngineCall& call) {
     const Grid grid = ReadGrid(input);
     const FileText data = ReadInputFile(dataFile);
     Worksheet sheet = Residuals(grid, data.View(), dataFile, columns);
-    call.Afterwards.push_back(
+    call.Afterwards.emplace_back(
         [sheet = std::move(sheet)](EngineSession& session) mutable { session.OpenWorksheet(std::move(sheet)); });
     return true;
 }

@@ -9,13 +9,13 @@ namespace {
 
 enum class Transformation { Offset, Turn, ReverseColumns, ReverseRows };
 
-/// What `Operation` stands for; the reversals have other numbers under "Surfer.APP".
+/// What `Operation` stands for. "Surfer.APP" knows the two reversals only, under numbers of its own.
 Transformation TransformationOf(const EngineCall& call, const CallArguments& arguments) {
     const int operation = arguments.Whole("Operation");
-    if (operation == 1) return Transformation::Offset;
     if (operation == (call.IsSix() ? 3 : 4)) return Transformation::ReverseColumns;
     if (operation == (call.IsSix() ? 4 : 5)) return Transformation::ReverseRows;
-    if (operation == 3) return Transformation::Turn;
+    if (operation == 1 && !call.IsSix()) return Transformation::Offset;
+    if (operation == 3 && !call.IsSix()) return Transformation::Turn;
     arguments.Fail("Operation", std::to_string(operation) + " stands for no transformation");
 }
 

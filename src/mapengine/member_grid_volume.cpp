@@ -67,7 +67,7 @@ Value CallGridVolume(EngineCall& call) {
         const ReportedSurface below{
             .Path = request.LowerGrid.value_or(""), .Heights = lowerGrid, .Constant = request.LowerConstant};
         Worksheet report = VolumeReport({.Path = request.Upper, .Heights = &upper, .Constant = 0}, below, volumes);
-        call.Afterwards.push_back([six = call.IsSix(), report = std::move(report)](EngineSession& session) {
+        call.Afterwards.emplace_back([six = call.IsSix(), report = std::move(report)](EngineSession& session) {
             if (six) {
                 session.OpenWorksheet(report);
             } else {

@@ -25,7 +25,7 @@ void RowWindow::MoveTo(int row) {
         Fill(4, row + 2);
         return;
     }
-    for (int offset = -2; offset <= 2; ++offset) Fill(static_cast<std::size_t>(offset + 2), row + offset);
+    for (std::size_t slot = 0; slot < 5; ++slot) Fill(slot, row - 2 + static_cast<int>(slot));
 }
 
 void RowWindow::Fill(std::size_t slot, int row) {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "basis/rounding.h"
+#include "mapengine/engine_call.h"
 #include "mapengine/inverse_distance.h"
 #include "mapengine/kriging.h"
 #include "mapengine/triangulation_grid.h"
@@ -63,6 +64,27 @@ ScatteredGrid RunMethod(GriddingMethod method, const DataPoints& points, const G
     return GridPlane(points, shape, progress);
 }
 
+bool IsFinite(const FittedPlane& plane) {
+    return std::isfinite(plane.A) && std::isfinite(plane.B) && std::isfinite(plane.C);
+}
+
+/// Grids by places whose squares are in range.
+ScatteredGrid GridInRange(GriddingMethod method, const DataPoints& points, const GridGeometry& shape,
+                          Progress& progress) {
+    const double factor = PlaceFactor(points, shape);
+    if (factor == 1) return RunMethod(method, points, shape, progress);
+    DataPoints near = points;
+    GridGeometry nearShape = shape;
+    MultiplyPlaces(factor, near, nearShape);
+    ScatteredGrid result = RunMethod(method, near, nearShape, progress);
+    result.Heights.Shape = shape;
+    if (result.Plane) {
+        result.Plane->B *= factor;
+        result.Plane->C *= factor;
+    }
+    return result;
+}
+
 }  // namespace
 
 GridGeometry GeometryFor(const WantedGeometry& wanted, const DataPoints& points) {
@@ -85,17 +107,8 @@ GridGeometry GeometryFor(const WantedGeometry& wanted, const DataPoints& points)
 
 ScatteredGrid GridPoints(GriddingMethod method, const DataPoints& points, const GridGeometry& shape,
                          Progress& progress) {
-    const double factor = PlaceFactor(points, shape);
-    if (factor == 1) return RunMethod(method, points, shape, progress);
-    DataPoints near = points;
-    GridGeometry nearShape = shape;
-    MultiplyPlaces(factor, near, nearShape);
-    ScatteredGrid result = RunMethod(method, near, nearShape, progress);
-    result.Heights.Shape = shape;
-    if (result.Plane) {
-        result.Plane->B *= factor;
-        result.Plane->C *= factor;
-    }
+    ScatteredGrid result = GridInRange(method, points, shape, progress);
+    if (result.Plane && !IsFinite(*result.Plane)) FailCall("the plane is beyond 64-bit floats");
     return result;
 }
 

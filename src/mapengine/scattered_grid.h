@@ -14,12 +14,12 @@ enum class GriddingMethod { InverseDistance, Kriging, Triangulation, Plane };
 
 /// The grid asked for; what is left open follows from the data.
 struct WantedGeometry {
-    std::optional<int> Columns;
-    std::optional<int> Rows;
-    std::optional<double> XMin;
-    std::optional<double> XMax;
-    std::optional<double> YMin;
-    std::optional<double> YMax;
+    std::optional<int> Columns = {};
+    std::optional<int> Rows = {};
+    std::optional<double> XMin = {};
+    std::optional<double> XMax = {};
+    std::optional<double> YMin = {};
+    std::optional<double> YMax = {};
 };
 
 /// Open limits are the data's; of open counts the one along the longer side is 100, the other in proportion, two at
@@ -33,7 +33,8 @@ struct ScatteredGrid {
 };
 
 /// Grids points, which are at different places. What a method needs of them, and what it throws, is told at
-/// KrigingGrid, InverseDistanceGrid, TriangulationGrid, FitPlane.
+/// KrigingGrid, InverseDistanceGrid, TriangulationGrid, FitPlane; AutomationFailed for a plane of numbers that aren't
+/// finite.
 ScatteredGrid GridPoints(GriddingMethod method, const DataPoints& points, const GridGeometry& shape,
                          Progress& progress);
 

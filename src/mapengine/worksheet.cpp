@@ -13,8 +13,8 @@
 namespace crownlab {
 namespace {
 
-/// One field off the start of `line`, which is left behind its separator.
-std::string TakeField(std::string_view& line, char separator) {
+/// One field off the start of `line`, which is left behind its separator; `more` if there was one.
+std::string TakeField(std::string_view& line, char separator, bool& more) {
     std::string field;
     std::size_t at = 0;
     if (!line.empty() && line.front() == '"') {
@@ -31,13 +31,16 @@ std::string TakeField(std::string_view& line, char separator) {
     }
     const std::size_t end = line.find(separator, at);
     field += line.substr(at, end == std::string_view::npos ? end : end - at);
-    line.remove_prefix(end == std::string_view::npos ? line.size() : end + 1);
+    more = end != std::string_view::npos;
+    line.remove_prefix(more ? end + 1 : line.size());
     return field;
 }
 
 std::vector<std::string> Fields(std::string_view line, char separator) {
     std::vector<std::string> fields;
-    while (!line.empty()) fields.push_back(TakeField(line, separator));
+    if (line.empty()) return fields;
+    bool more = true;
+    while (more) fields.push_back(TakeField(line, separator, more));
     return fields;
 }
 
@@ -75,9 +78,8 @@ void Worksheet::SetCell(int row, int column, std::string text) {
     cells[static_cast<std::size_t>(column) - 1] = std::move(text);
 }
 
-Worksheet ReadWorksheet(const std::string& path) {
-    const FileText file = ReadInputFile(path);
-    const std::string_view text = WithoutByteOrderMark(file.View());
+Worksheet ParseWorksheet(std::string_view text, const std::string& path) {
+    text = WithoutByteOrderMark(text);
     const char separator = text.find('\t') != std::string_view::npos ? '\t' : ',';
     RequireCells(text, separator, path);
     Worksheet sheet{.Path = path, .Rows = {}, .Separator = separator};
@@ -86,9 +88,12 @@ Worksheet ReadWorksheet(const std::string& path) {
     return sheet;
 }
 
+Worksheet ReadWorksheet(const std::string& path) { return ParseWorksheet(ReadInputFile(path).View(), path); }
+
 std::string WorksheetText(const Worksheet& sheet) {
     std::string text;
     for (const std::vector<std::string>& row : sheet.Rows) {
+        if (row.size() == 1 && row.front().empty()) text += "\"\"";
         for (std::size_t i = 0; i < row.size(); ++i) {
             if (i > 0) text += sheet.Separator;
             AppendField(text, row[i], sheet.Separator);

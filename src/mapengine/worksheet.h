@@ -19,11 +19,15 @@ struct Worksheet {
     void SetCell(int row, int column, std::string text);
 };
 
-/// Rows and columns of a text file, separated by tabs where the file has any, else by commas; quotes around a
-/// text are taken off. AutomationFailed for a file that can't be read, OutOfMemory.
+/// Rows and columns of a text, separated by tabs where it has any, else by commas; quotes around a field are taken off.
+/// OutOfMemory. `path` is the file that the text is from.
+Worksheet ParseWorksheet(std::string_view text, const std::string& path);
+
+/// The same of a text file. AutomationFailed for one that can't be read.
 Worksheet ReadWorksheet(const std::string& path);
 
-/// The table as text, CR LF. A field that holds the separator or a quote stands in quotes.
+/// The table as text, CR LF, which reads back the same. A field that holds the separator or a quote stands in quotes,
+/// and an empty one that is alone in its row.
 std::string WorksheetText(const Worksheet& sheet);
 
 /// Row and column, both from 1.

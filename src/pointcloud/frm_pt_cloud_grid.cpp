@@ -70,7 +70,7 @@ GridPart RangeOf(const ExtractPlan& plan, const GridShape& grid) {
 LateBound AddMap(const PlotPage& page, WindowTable& windows, const std::string& gridPath, double centre) {
     const bool relief = windows.Get<OptionButton>("frmSurfFns", "optRelief").Selected;
     if (!relief && !windows.Get<OptionButton>("frmSurfFns", "optContour").Selected) return {};
-    const LateBound frame =
+    LateBound frame =
         page.Shapes.CallForObject(relief ? "AddReliefMap" : "AddContourMap", {{"GridFilename", gridPath}});
     frame.Object("Overlays", {1});
     if (relief) frame.Set("Left", centre - frame.GetNumber("XLength") / 2);

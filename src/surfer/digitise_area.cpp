@@ -1,5 +1,6 @@
 #include "surfer/digitise_area.h"
 
+#include "basis/result_file.h"
 #include "forms/form.h"
 #include "surfer/digitise_step.h"
 
@@ -24,6 +25,23 @@ std::optional<std::string> DigitiseArea(Services& app, const MapOfGrid& grid, in
     step.BoundarySuffix = "blnpts.bln";
     step.Flag = {.Sense = sense, .As = BoundaryFlag::Form::Text};
     if (!Digitise(app, step)) return std::nullopt;
+    return step.BoundaryPath();
+}
+
+std::optional<std::string> DigitiseAreas(Services& app, const MapOfGrid& grid) {
+    DigitiseStep step = StepOn(grid,
+                               "Use 'Digitise' to digitise multiple areas of " + grid.Base +
+                                   " to be blanked. Type '-1' between separate areas.",
+                               "blnmpts.dat");
+    step.BoundarySuffix = "blnmpts.bln";
+    if (!AskToDigitise(app, step)) return std::nullopt;
+    CopyDigitised(app, step);
+    const std::vector<std::vector<PlanePoint>> areas = ReadDigitisedAreas(step.CopyPath());
+    ResultFile file(*app.Files, step.BoundaryPath());
+    for (const std::vector<PlanePoint>& points : areas) {
+        if (!points.empty()) WriteRing(file, points, {.Sense = 1});
+    }
+    file.Commit();
     return step.BoundaryPath();
 }
 

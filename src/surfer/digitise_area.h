@@ -20,6 +20,12 @@ struct MapOfGrid {
 /// the box was cancelled. Throws what ReadDigitisedPoints and writing files throw.
 std::optional<std::string> DigitiseArea(Services& app, const MapOfGrid& grid, int sense);
 
+/// Lets a person digitise several areas whose insides are to be blanked, a line -1 between them. The lines go to the
+/// copy `Base`blnmpts.dat, a closed ring for each area that has points to `Base`blnmpts.bln, its flag the number 1.
+/// Returns the outlines' path; nothing if the box was cancelled. SubscriptOutOfRange for a file without a line and for
+/// more than 1000 areas, InputPastEnd or TypeMismatch for a line without two numbers, and what files throw.
+std::optional<std::string> DigitiseAreas(Services& app, const MapOfGrid& grid);
+
 /// Two opposite corners as digitised.
 struct DigitisedBox {
     PlanePoint LowerLeft;

@@ -16,6 +16,43 @@ void ConvertGridByPosition(const Session& session, const std::string& inGrid, co
     if (session.IsEight()) session.SurferApp.Call("GridConvert", {inGrid, outFile, 4});
 }
 
+void ConvertGridByName(const Session& session, const std::string& inGrid, const std::string& outFile) {
+    if (session.IsSix()) session.SurferApp.Call("GridConvert", {inGrid, outFile, 3});
+    if (!session.IsEight()) return;
+    session.SurferApp.Call("GridConvert", {{"InGrid", inGrid}, {"OutGrid", outFile}, {"OutFmt", 4}});
+}
+
+void MirrorGrid(const Session& session, const std::string& inGrid, GridMirror mirror, const std::string& outGrid) {
+    const int operation = mirror == GridMirror::Columns ? 4 : 5;
+    session.SurferApp.Call("GridTransform", {{"InGrid", inGrid}, {"Operation", operation}, {"OutGrid", outGrid}});
+}
+
+void RotateGrid(const Session& session, const std::string& inGrid, double degrees, const std::string& outGrid) {
+    session.SurferApp.Call("GridTransform",
+                           {{"InGrid", inGrid}, {"Operation", 3}, {"Rotation", degrees}, {"OutGrid", outGrid}});
+}
+
+void OffsetGrid(const Session& session, const std::string& inGrid, double x, double y, const std::string& outGrid) {
+    session.SurferApp.Call(
+        "GridTransform", {{"InGrid", inGrid}, {"Operation", 1}, {"XOffset", x}, {"YOffset", y}, {"OutGrid", outGrid}});
+}
+
+void TerrainSlope(const Session& session, const std::string& inGrid, const std::string& outGrid) {
+    const Argument none{Absent{}};
+    if (session.IsSix()) session.SurferApp.Call("GridCalculus", {inGrid, 1, none, none, 0, none, none, none, outGrid});
+    if (!session.IsEight()) return;
+    session.SurferApp.Call("GridCalculus", {{"InGrid", inGrid}, {"Operation", 4}, {"OutGrid", outGrid}});
+}
+
+void TerrainAspect(const Session& session, const std::string& inGrid, double minSlope, const std::string& outGrid) {
+    const Argument none{Absent{}};
+    if (session.IsSix()) session.SurferApp.Call("GridCalculus", {inGrid, 1, none, none, 1, none, none, none, outGrid});
+    if (!session.IsEight()) return;
+    session.SurferApp.Call(
+        "GridCalculus",
+        {{"InGrid", inGrid}, {"Operation", 5}, {"Param1", minSlope}, {"OutGrid", outGrid}, {"OutFmt", 3}});
+}
+
 void ExtractGrid(const Session& session, const std::string& inGrid, const GridPart& range, double step,
                  const std::string& outGrid) {
     if (session.IsSix()) {
@@ -47,7 +84,7 @@ void GridFormula(const Session& session, const std::string& function, const std:
 }
 
 void GridPoints(const Session& session, const std::string& dataFile, const GridShape& nodes, GriddingMethod method,
-                const std::string& outGrid) {
+                const std::string& outGrid, const std::string& exclude) {
     const bool kriging = method == GriddingMethod::Kriging;
     if (session.IsSix()) {
         session.SurferApp.Call("GridData",
@@ -55,19 +92,21 @@ void GridPoints(const Session& session, const std::string& dataFile, const GridS
                                 nodes.NumRows, Absent{}, Absent{}, kriging ? 1 : 6, outGrid});
     }
     if (!session.IsEight()) return;
-    session.SurferApp.Call("GridData", {{"DataFile", dataFile},
-                                        {"XCol", 1},
-                                        {"yCol", 2},
-                                        {"zCol", 3},
-                                        {"NumCols", nodes.NumCols},
-                                        {"NumRows", nodes.NumRows},
-                                        {"XMin", nodes.XMin},
-                                        {"XMax", nodes.XMax},
-                                        {"YMin", nodes.YMin},
-                                        {"YMax", nodes.YMax},
-                                        {"Algorithm", kriging ? 2 : 9},
-                                        {"ShowReport", false},
-                                        {"OutGrid", outGrid}});
+    Arguments arguments{{"DataFile", dataFile},
+                        {"XCol", 1},
+                        {"yCol", 2},
+                        {"zCol", 3},
+                        {"NumCols", nodes.NumCols},
+                        {"NumRows", nodes.NumRows},
+                        {"XMin", nodes.XMin},
+                        {"XMax", nodes.XMax},
+                        {"YMin", nodes.YMin},
+                        {"YMax", nodes.YMax},
+                        {"Algorithm", kriging ? 2 : 9},
+                        {"ShowReport", false},
+                        {"OutGrid", outGrid}};
+    if (!exclude.empty()) arguments.emplace_back("ExclusionFilter", exclude);
+    session.SurferApp.Call("GridData", arguments);
 }
 
 }  // namespace crownlab

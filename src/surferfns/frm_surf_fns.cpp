@@ -86,6 +86,10 @@ FrmSurfFns::FrmSurfFns(Services& services, ShellState& shell)
     RegisterFixResolution(*this);
     RegisterArea(*this);
     RegisterPlot(*this);
+    RegisterProcess(*this);
+    RegisterBlank(*this);
+    RegisterExtract(*this);
+    RegisterLevel(*this);
 }
 
 void cmdAddFilename_Click(FrmSurfFns& form) {

@@ -203,6 +203,11 @@ void cmdRegridExactResol_Click(FrmSurfFns& form);
 void cmdFixResolution_Click(FrmSurfFns& form);
 void cmdSAVol_Click(FrmSurfFns& form);
 void cmdPlotGrid_Click(FrmSurfFns& form);
+void cmdProcess_Click(FrmSurfFns& form);
+void cmdBlank_Click(FrmSurfFns& form);
+void cmdExtract_Click(FrmSurfFns& form);
+void cmdReZero_Click(FrmSurfFns& form);
+void cmdCompareGrids_Click(FrmSurfFns& form);
 
 // Each file of the window ties its own handlers to their controls.
 void RegisterSmooth(FrmSurfFns& form);
@@ -210,5 +215,9 @@ void RegisterRegrid(FrmSurfFns& form);
 void RegisterFixResolution(FrmSurfFns& form);
 void RegisterArea(FrmSurfFns& form);
 void RegisterPlot(FrmSurfFns& form);
+void RegisterProcess(FrmSurfFns& form);
+void RegisterBlank(FrmSurfFns& form);
+void RegisterExtract(FrmSurfFns& form);
+void RegisterLevel(FrmSurfFns& form);
 
 }  // namespace crownlab

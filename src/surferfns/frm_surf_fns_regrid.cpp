@@ -38,7 +38,7 @@ std::string DataFileOf(FrmSurfFns& form, const BatchFile& file) {
 /// Grids the points anew and returns the path of the grid.
 std::string MakeRawGrid(FrmSurfFns& form, const BatchFile& file, const std::string& resolution) {
     const std::string dataFile = DataFileOf(form, file);
-    const std::string rawGrid = ResultFolder(file, resolution + "_grd") + file.FileBase + resolution + ".grd";
+    std::string rawGrid = ResultFolder(file, resolution + "_grd") + file.FileBase + resolution + ".grd";
     const GridShape nodes = NodesAlongLongerSide(ReadPointExtents(dataFile), form.txtExactNoRC.Number());
     GridPoints(SessionOf(form), dataFile, nodes, GriddingMethod::Kriging, rawGrid);
     if (form.optRegridGrd.Selected) {

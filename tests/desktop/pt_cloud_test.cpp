@@ -144,16 +144,31 @@ TEST_F(PtCloud, AdvancedSettingsAreGreyWithTheDefaultOnes) {
     for (const char* const name : inside) EXPECT_FALSE(Find<QWidget>(name).isEnabled()) << name;
 }
 
-TEST_F(PtCloud, ToolsOfTheMappingProgramDoNothingYet) {
+TEST_F(PtCloud, AnAreaIsDigitisedWhileItsBoxWaits) {
+    OpenWith(3, 3);
+    PutFile(Session.Folder / "waves.grd", "DSAA\n4 3\n0 3\n0 2\n1 1\n1 1 1 1\n1 1 1 1\n1 1 1 1\n");
+    Find<QTabWidget>("layoutTabs").setCurrentIndex(3);
+    Session.Click(kForm, "optBlankInside");
+    BoxAnswers boxes([this](QMessageBox& box) {
+        PutFile(Session.Folder / "digit.dat", "0.5,0.5\n2.5,0.5\n2.5,1.5\n");
+        PressIn(box, QMessageBox::Ok);
+    });
+    Session.Click(kForm, "cmdBlank");
+    ASSERT_EQ(boxes.Boxes.size(), 1u);
+    EXPECT_EQ(boxes.Boxes[0].Title, "Digitise map");
+    EXPECT_EQ(
+        FileBytes(Session.Folder / "wavesblnpts.bln"),
+        " 4            1\r\n .5            .5 \r\n 2.5           .5 \r\n 2.5           1.5 \r\n .5            .5 \r\n");
+    EXPECT_FALSE(FileBytes(Session.Folder / "wavesb.grd").empty());
+    EXPECT_EQ(Find<QLineEdit>("txtNoFiles").text(), "0");
+}
+
+TEST_F(PtCloud, ExtractingWithoutAWishShowsNoBox) {
     OpenWith(3, 3);
     Find<QTabWidget>("layoutTabs").setCurrentIndex(3);
     BoxAnswers boxes([](QMessageBox& box) { PressIn(box, QMessageBox::Ok); });
-    Session.Click(kForm, "chkRedRow");
     const std::size_t entries = Session.Folder.EntryCount();
-    for (const char* const name : {"cmdBlank", "cmdExtract"}) {
-        Session.Click(kForm, name);
-        EXPECT_TRUE(Find<QWidget>(name).toolTip().contains("not part of this version yet")) << name;
-    }
+    Session.Click(kForm, "cmdExtract");
     QTest::qWait(20);
     EXPECT_THAT(boxes.Boxes, IsEmpty());
     EXPECT_EQ(Session.Folder.EntryCount(), entries);

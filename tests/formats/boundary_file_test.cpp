@@ -56,7 +56,8 @@ TEST_F(BoundaryFile, ARingEndsWithItsFirstPoint) {
 }
 
 TEST_F(BoundaryFile, AFlagMayBeAText) {
-    WriteRingFile(files_, folder_ / "a.bln", std::span(kTriangle.data(), 1), {.Sense = 1, .As = BoundaryFlag::Form::Text});
+    WriteRingFile(files_, folder_ / "a.bln", std::span(kTriangle.data(), 1),
+                  {.Sense = 1, .As = BoundaryFlag::Form::Text});
     EXPECT_EQ(FileBytes(folder_ / "a.bln"), " 2            1\r\n 0             0 \r\n 0             0 \r\n");
 }
 

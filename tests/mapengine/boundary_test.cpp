@@ -18,16 +18,18 @@ std::vector<Boundary> Parse(const std::string& text) { return ParseBoundaries(te
 
 const std::vector<PlanePoint> kCorner{{1, 2}, {3, -4}, {0.5, 0}};
 
+const std::string kByteOrderMark = "\xEF\xBB\xBF";
+
 TEST(Boundary, ReadsTheSeparatorsAndLineEndsThatProgramsWrite) {
-    for (const std::string text : {
-             "3,1\n1,2\n3,-4\n.5,0\n",
-             "3 1\r\n1 2\r\n3 -4\r\n.5 0\r\n",
-             " 3            1 \r\n 1            2 \r\n 3           -4 \r\n .5            0 \r\n",
-             "3\t1\r1\t2\r3\t-4\r5e-1\t0",
-             "\xEF\xBB\xBF"
-             "3 , 1\n1 , 2\n+3,-4.0\n0.5 ,0,\n\n\n",
-             "\n3,1,\"name of it\"\n\n1,2,7\n3,-4,8,9\n \t\n.5,0 third\n",
-         }) {
+    const std::vector<std::string> forms{
+        "3,1\n1,2\n3,-4\n.5,0\n",
+        "3 1\r\n1 2\r\n3 -4\r\n.5 0\r\n",
+        " 3            1 \r\n 1            2 \r\n 3           -4 \r\n .5            0 \r\n",
+        "3\t1\r1\t2\r3\t-4\r5e-1\t0",
+        kByteOrderMark + "3 , 1\n1 , 2\n+3,-4.0\n0.5 ,0,\n\n\n",
+        "\n3,1,\"name of it\"\n\n1,2,7\n3,-4,8,9\n \t\n.5,0 third\n",
+    };
+    for (const std::string& text : forms) {
         const std::vector<Boundary> boundaries = Parse(text);
         ASSERT_EQ(boundaries.size(), 1U) << text;
         EXPECT_EQ(boundaries[0].Points, kCorner) << text;

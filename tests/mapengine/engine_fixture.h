@@ -14,7 +14,7 @@
 namespace crownlab {
 
 /// A front end that notes what the engine tells it.
-class TestHost : public EngineHost {
+class NotingHost : public EngineHost {
 public:
     void CallRuns(std::string_view, double) override { ++Runs; }
     void CallEnded() override { ++Ends; }
@@ -54,7 +54,7 @@ protected:
     /// A position that isn't given.
     const Argument None{Absent{}};
     TempFolder Folder;
-    TestHost Host;
+    NotingHost Host;
     MapEngine Engine{Host};
     ActiveObjects Objects{Engine};
 };

@@ -245,7 +245,7 @@ TEST_F(Sessions, FailuresOfACallAreSaidWithItsName) {
         FailureKind::AutomationFailed, [&] { run([] { FailCall("no grid"); }); }, "GridMath: no grid"));
     EXPECT_TRUE(FailsWith(
         FailureKind::AutomationFailed, [&] { run([] { throw Failure(FailureKind::DiskFull, "out.grd"); }); },
-        "GridMath: DiskFull: out.grd"));
+        "GridMath: there is no room on the disk for the file out.grd"));
     EXPECT_TRUE(FailsWith(
         FailureKind::OutOfMemory, [&] { run([] { throw Failure(FailureKind::OutOfMemory, "a grid"); }); }, "a grid"));
     EXPECT_TRUE(FailsWith(

@@ -4,8 +4,9 @@
 
 #include <filesystem>
 
+#include "engine_call_forms.h"
 #include "mapengine/grid_file.h"
-#include "member_calls.h"
+#include "mapengine/map_engine.h"
 #include "support/expect_failure.h"
 #include "support/ordinary_user.h"
 #include "support/small_disk.h"
@@ -25,6 +26,21 @@ Grid NumberedGrid() {
     }
     return grid;
 }
+
+/// The engine under both of its classes.
+class TestEngine {
+public:
+    Value Six(std::string_view member, const Arguments& arguments) {
+        return engine_.Running("Surfer.APP")->Invoke(member, arguments);
+    }
+    Value Eight(std::string_view member, const Arguments& arguments) {
+        return engine_.Running("Surfer.Application")->Invoke(member, arguments);
+    }
+
+private:
+    SilentHost host_;
+    MapEngine engine_{host_};
+};
 
 class GridMembersCalled : public ::testing::Test {
 protected:

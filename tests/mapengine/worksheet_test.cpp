@@ -36,14 +36,28 @@ TEST_F(Worksheets, TextIsTakenApartAtTabsElseAtCommas) {
                 ElementsAre(ElementsAre("1", "", "3")));
 }
 
+TEST_F(Worksheets, ASeparatorAtTheEndLeavesAnEmptyField) {
+    EXPECT_THAT(ReadBytes("a,\n,\n\"\"\n").Rows,
+                ElementsAre(ElementsAre("a", ""), ElementsAre("", ""), ElementsAre("")));
+}
+
+TEST_F(Worksheets, ATextThatWouldFillTheMemoryIsRefused) {
+    PutFile("commas.txt", std::string(1'000'000, ','));
+    setenv("CROWNLAB_MEMORY", "20000000", 1);
+    EXPECT_TRUE(FailsWith(
+        FailureKind::OutOfMemory, [] { ReadWorksheet("commas.txt"); }, "commas.txt"));
+    unsetenv("CROWNLAB_MEMORY");
+}
+
 TEST_F(Worksheets, AnOpenQuoteEndsWithItsLine) {
     EXPECT_THAT(ReadBytes("\"a,b\r\nc\r\n").Rows, ElementsAre(ElementsAre("a,b"), ElementsAre("c")));
 }
 
 TEST_F(Worksheets, WhatIsWrittenReadsBackTheSame) {
     for (const char separator : {'\t', ','}) {
-        const Worksheet sheet{
-            .Path = "w.txt", .Rows = {{"a", "", "b c", "d,e", "\"f\"", "g\"h"}, {}, {"1.5"}}, .Separator = separator};
+        const Worksheet sheet{.Path = "w.txt",
+                              .Rows = {{"a", "", "b c", "d,e", "\"f\"", "g\"h"}, {}, {""}, {"a,b", ""}, {"1.5"}},
+                              .Separator = separator};
         FileTable files;
         WriteWholeFile(files, "w.txt", WorksheetText(sheet));
         EXPECT_EQ(ReadWorksheet("w.txt").Rows, sheet.Rows) << FileBytes("w.txt");
@@ -149,7 +163,8 @@ TEST_F(Worksheets, SavingReplacesAnOlderFileAndNamesTheSheet) {
 TEST_F(Worksheets, SavingToAMissingFolderFails) {
     Engine.Session().OpenWorksheet({.Path = {}, .Rows = {{"1"}}});
     const std::string path = "Occlusal vector/volume.dat";
-    EXPECT_TRUE(Fails([&] { Six().Call("FileSaveAs", {path}); }, "FileSaveAs: PathNotFound"));
+    EXPECT_TRUE(Fails([&] { Six().Call("FileSaveAs", {path}); },
+                      "FileSaveAs: there is no folder for the file Occlusal vector/volume.dat"));
     EXPECT_TRUE(Fails([&] { Six().Call("FileSaveAs", {""}); }, "FileName is empty"));
     EXPECT_TRUE(Fails([&] { Six().Call("FileSaveAs"); }, "FileName is missing"));
     EXPECT_EQ(Folder.EntryCount(), 0U);

@@ -1,0 +1,71 @@
+#include "convert/grid_points.h"
+
+#include <algorithm>
+
+#include "basis/field_reader.h"
+#include "basis/number_text.h"
+#include "basis/paths.h"
+#include "basis/result_file.h"
+#include "basis/rounding.h"
+#include "formats/point_extents.h"
+
+namespace crownlab {
+namespace {
+
+/// Calls `take` for each record of x, y, z.
+template <typename Take>
+void ForEachRecord(const FileText& text, const std::string& path, const Take& take) {
+    FieldReader reader(text.View(), path);
+    while (!reader.NothingLeft()) {
+        const double x = reader.ReadNumber();
+        const double y = reader.ReadNumber();
+        take(CloudPoint{x, y, reader.ReadNumber()});
+    }
+}
+
+CloudPoint Lowest(const FileText& text, const std::string& path) {
+    constexpr double farAway = 1'000'000;
+    CloudPoint low{farAway, farAway, farAway};
+    ForEachRecord(text, path, [&low](const CloudPoint& point) {
+        low.x = std::min(low.x, point.x);
+        low.y = std::min(low.y, point.y);
+        if (point.z < kBlankHeightFrom) low.z = std::min(low.z, point.z);
+    });
+    return low;
+}
+
+char* AppendDecimals(char* end, double value) {
+    constexpr int decimals = 3;
+    char* const start = end;
+    end = AppendGeneralText(end, RoundDecimals(value, decimals));
+    if (std::find_if(start, end, [](char c) { return c == '.' || c == 'E'; }) != end) return end;
+    *end++ = '.';
+    *end++ = '0';
+    return end;
+}
+
+}  // namespace
+
+std::string OneToThreeDecimals(double value) {
+    char text[kNumberTextMax + 2];
+    return {text, AppendDecimals(text, value)};
+}
+
+void WriteShiftedPoints(FileTable& files, const std::string& input, const std::string& output) {
+    const FileText text = ReadFileText(input);
+    const CloudPoint low = Lowest(text, input);
+    ResultFile file(files, output);
+    ForEachRecord(text, input, [&](const CloudPoint& point) {
+        if (!(point.z < kBlankHeightFrom)) return;
+        char line[3 * (kNumberTextMax + 3)];
+        char* end = AppendDecimals(line, point.x - low.x);
+        *end++ = ' ';
+        end = AppendDecimals(end, point.y - low.y);
+        *end++ = ' ';
+        end = AppendDecimals(end, point.z - low.z);
+        file.Line({line, static_cast<std::size_t>(end - line)});
+    });
+    file.Commit();
+}
+
+}  // namespace crownlab
