@@ -14,7 +14,10 @@ namespace {
 
 constexpr double kGap = 8;  // pixels around the axes
 constexpr double kColourBarWidth = 18;
-constexpr int kMostLevels = 15;
+/// How far the map can be zoomed in and out, from where all of it fits.
+constexpr double kMostZoom = 1000;
+constexpr int kZoomDigits = 3;
+constexpr int kMostLevels = 20;
 /// More lines than this aren't told apart, and take too long.
 constexpr double kMostLines = 500;
 const QColor kInk(50, 50, 50);
@@ -66,9 +69,10 @@ void MapCanvas::MakeContours() {
     if (look_.View != MapView::Contours && !look_.ContourLines) return;
     const double span = range_.High - range_.Low;
     if (look_.ContourStep > 0 && span / look_.ContourStep <= kMostLines) {
-        for (double count = std::floor(range_.Low / look_.ContourStep) + 1; count * look_.ContourStep < range_.High;
-             ++count)
-            levels_.push_back(count * look_.ContourStep);
+        const double first = std::floor(range_.Low / look_.ContourStep) + 1;
+        for (int i = 0; (first + i) * look_.ContourStep < range_.High; ++i) {
+            levels_.push_back((first + i) * look_.ContourStep);
+        }
     } else {
         levels_ = ContourLevels(range_, kMostLevels);
     }
@@ -81,7 +85,8 @@ QRectF MapCanvas::Frame() const {
     if (!grid_) return rect();
     const QFontMetricsF metrics(font());
     QRectF frame = QRectF(rect()).marginsRemoved(AxesMargins(metrics, grid_->Shape, 1));
-    frame.adjust(kGap, kGap, -kGap, -kGap);
+    // Zoomed in, the numbers grow by the digits of kMostZoom.
+    frame.adjust(kGap / 2 + kZoomDigits * metrics.horizontalAdvance('0'), kGap, -kGap, -kGap);
     if (ShowsColourBar()) {
         frame.setRight(frame.right() - 2 * kGap - kColourBarWidth - ColourBarNumbersWidth(metrics, frame, range_, 1));
     }
@@ -113,9 +118,8 @@ void MapCanvas::Zoom(double factor) { ZoomAt(Frame().center(), factor); }
 
 void MapCanvas::ZoomAt(QPointF at, double factor) {
     if (!grid_) return;
-    // From a speck to where neighbouring doubles come into sight.
     const double fit = FitMap(grid_->Shape, Frame()).ScaleX;
-    const double scale = std::clamp(scale_ * factor, fit / 20, fit * 1e6);
+    const double scale = std::clamp(scale_ * factor, fit / kMostZoom, fit * kMostZoom);
     const PlanePoint fixed = Transform().ToMap(at);
     const QPointF fromMiddle = at - Frame().center();
     middleX_ = fixed.x - fromMiddle.x() / scale;

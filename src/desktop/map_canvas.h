@@ -21,7 +21,7 @@ struct MapLook {
     MapView View = MapView::Relief;
     MapPalette Palette = MapPalette::Viridis;
     bool ContourLines = false;  ///< over relief and image too
-    double ContourStep = 0;     ///< height from line to line; 0: a round one that gives about a dozen
+    double ContourStep = 0;     ///< height from line to line; 0: a round one that gives ten to twenty
     double HeightFactor = 1;    ///< of the relief
     friend bool operator==(const MapLook&, const MapLook&) = default;
 };

@@ -61,6 +61,17 @@ bool IsStrong(double level, double step) {
     return std::abs(fives - std::round(fives)) < 1e-6;
 }
 
+/// The number of a level with as many decimals as the step between levels has.
+QString LevelText(double level, double step) {
+    constexpr int mostDecimals = 9;
+    for (int decimals = 0; decimals <= mostDecimals; ++decimals) {
+        const double scaled = step * std::pow(10.0, decimals);
+        if (std::abs(scaled - std::round(scaled)) > 1e-6 * std::abs(scaled)) continue;
+        return std::abs(level) < 1e9 ? QString::number(level, 'f', decimals) : ShownText(GeneralText(level));
+    }
+    return ShownText(GeneralText(level));
+}
+
 /// A number on a line: where, and how it is turned (degrees, never upside down).
 struct NumberPlace {
     QPointF At;
@@ -118,7 +129,6 @@ void PaintContours(QPainter& painter, const MapTransform& transform, const QRect
                    double unit) {
     if (lines.empty()) return;
     const double step = levels.size() > 1 ? levels[1] - levels[0] : 1;
-    const AxisTicks numbers = TicksBetween(levels.front(), levels.back() + step, static_cast<int>(levels.size()) + 1);
     painter.save();
     painter.setClipRect(clip, Qt::IntersectClip);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -135,7 +145,7 @@ void PaintContours(QPainter& painter, const MapTransform& transform, const QRect
                             Qt::RoundCap, Qt::RoundJoin));
         painter.drawPolyline(polyline);
         if (!style.Numbers) continue;
-        const QString text = ShownText(numbers.At.empty() ? GeneralText(line.Level) : TickText(numbers, line.Level));
+        const QString text = LevelText(line.Level, step);
         NumberPlace place;
         const double width = metrics.horizontalAdvance(text);
         if (FindNumberPlace(polyline, 1.6 * width, clip, place)) places.emplace_back(place, text);
@@ -145,11 +155,15 @@ void PaintContours(QPainter& painter, const MapTransform& transform, const QRect
 }
 
 QMarginsF AxesMargins(const QFontMetricsF& metrics, const GridGeometry& shape, double unit) {
-    constexpr int mostNumbers = 10;
+    // How many numbers there will be depends on the frame: room for those of few and of many.
+    const auto widest = [&metrics](double low, double high) {
+        return std::max(WidestText(metrics, TicksBetween(low, high, 6)),
+                        WidestText(metrics, TicksBetween(low, high, 20)));
+    };
     const double gap = (kTickLength + kTextGap) * unit;
-    const double up = WidestText(metrics, TicksBetween(shape.YMin, shape.YMax, mostNumbers));
+    const double up = widest(shape.YMin, shape.YMax);
     // The outermost numbers of the x axis reach half beyond the frame.
-    const double half = WidestText(metrics, TicksBetween(shape.XMin, shape.XMax, mostNumbers)) / 2;
+    const double half = widest(shape.XMin, shape.XMax) / 2;
     return {std::max(up + gap + kTextGap * unit, half), metrics.height() / 2, half + unit, metrics.height() + gap};
 }
 

@@ -24,8 +24,8 @@
 #include "desktop/shown_text.h"
 #include "desktop/surface_model.h"
 #include "desktop/vrml_widget.h"
+#include "mapengine/bilinear_height.h"
 #include "mapengine/grid_file.h"
-#include "mapengine/map_height.h"
 
 namespace crownlab {
 namespace {
@@ -42,21 +42,25 @@ int DecimalsFor(double step) {
 QString NumberText(double number, int decimals) {
     const QString text = QString::number(number, 'f', decimals);
     // A negative number that is rounded to nothing.
-    return text.toDouble() == 0 && text.startsWith('-') ? text.mid(1) : text;
+    const QString zero = QString::number(0.0, 'f', decimals);
+    return text == "-" + zero ? zero : text;
 }
 
 }  // namespace
 
-MapWindow::MapWindow(FileTable& files) : files_(files), views_(new QActionGroup(this)), tools_(new QActionGroup(this)) {
+MapWindow::MapWindow(FileTable& files)
+    : files_(files),
+      canvas_(new MapCanvas(points_)),
+      space_(new VrmlWidget),
+      pages_(new QStackedWidget),
+      views_(new QActionGroup(this)),
+      tools_(new QActionGroup(this)) {
     // Numbers are written as everywhere in the program, whatever the user's language.
     setLocale(QLocale::c());
     setObjectName("mapWindow");
     setAcceptDrops(true);
-    canvas_ = new MapCanvas(points_);
     canvas_->setObjectName("mapCanvas");
-    space_ = new VrmlWidget;
     space_->setObjectName("mapSpace");
-    pages_ = new QStackedWidget;
     pages_->addWidget(canvas_);
     pages_->addWidget(space_);
     auto* const split = new QSplitter;
@@ -283,6 +287,9 @@ void MapWindow::ApplyLook() {
 void MapWindow::UpdateSurface(bool keepsView) {
     if (!grid_) return;
     const MapLook look = lookPanel_->Look(view_);
+    // A surface of another height is looked at anew: it could reach out of sight.
+    keepsView = keepsView && look.HeightFactor == surfaceFactor_;
+    surfaceFactor_ = look.HeightFactor;
     SoSeparator* const model = MakeSurfaceModel(*grid_, look.Palette, look.HeightFactor);
     surfaceWasShown_ = space_->ShowModel(*model, keepsView);
     model->unref();
@@ -290,7 +297,7 @@ void MapWindow::UpdateSurface(bool keepsView) {
 }
 
 QString MapWindow::HeightText(const PlanePoint& at) const {
-    const double z = grid_ ? MapHeight(*grid_, at.x, at.y) : kBlankHeight;
+    const double z = grid_ ? BilinearHeight(*grid_, at.x, at.y) : kBlankHeight;
     return IsBlank(z) ? QStringLiteral("\u2013") : NumberText(z, DecimalsFor((range_.High - range_.Low) / 20000));
 }
 

@@ -83,7 +83,7 @@ private:
     std::string TargetPath() const;
     bool WritePoints(const std::string& path);
     /// Runs `then` once no points would be lost by it: at once, or when the person has saved or given them up.
-    void WhenPointsAreSafe(std::function<void()> then);
+    void WhenPointsAreSafe(const std::function<void()>& then);
 
     FileTable& files_;
     DigitisedPoints points_;
@@ -95,6 +95,7 @@ private:
     bool surface_ = false;
     bool surfaceIsOld_ = true;
     bool surfaceWasShown_ = false;
+    double surfaceFactor_ = 1;
     bool closing_ = false;
 
     MapCanvas* canvas_;

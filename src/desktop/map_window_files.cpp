@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTimer>
 #include <QUrl>
 
 #include "basis/failure.h"
@@ -83,10 +84,9 @@ void MapWindow::StartWait(const DigitiseOffer& offer) {
 void MapWindow::EndWait() { pointsPanel_->SetNotice({}); }
 
 std::string MapWindow::TargetPath() const {
-    const std::string name = RecordText(pointsPanel_->FileName());
-    if (QFileInfo(pointsPanel_->FileName()).isAbsolute()) return name;
-    const std::string folder = RecordText(pointsPanel_->Folder());
-    return JoinPath(folder, name);
+    const QString name = pointsPanel_->FileName();
+    if (QFileInfo(name).isAbsolute()) return RecordText(name);
+    return JoinPath(RecordText(pointsPanel_->Folder()), RecordText(name));
 }
 
 void MapWindow::SavePoints() {
@@ -123,7 +123,7 @@ bool MapWindow::WritePoints(const std::string& path) {
     return true;
 }
 
-void MapWindow::WhenPointsAreSafe(std::function<void()> then) {
+void MapWindow::WhenPointsAreSafe(const std::function<void()>& then) {
     if (points_.IsSaved()) return then();
     if (question_ != nullptr) return question_->raise();
     question_ = MakeBox(this, QMessageBox::Question, "There are points that aren't saved.");
@@ -143,10 +143,8 @@ void MapWindow::WhenPointsAreSafe(std::function<void()> then) {
 
 bool MapWindow::MayClose() {
     if (points_.IsSaved()) return true;
-    WhenPointsAreSafe([this] {
-        QMetaObject::invokeMethod(
-            this, [this] { close(); }, Qt::QueuedConnection);
-    });
+    // Once the question's own event is over.
+    WhenPointsAreSafe([this] { QTimer::singleShot(0, this, [this] { close(); }); });
     return false;
 }
 

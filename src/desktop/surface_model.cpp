@@ -2,6 +2,8 @@
 
 #include <Inventor/VRMLnodes/SoVRMLViewpoint.h>
 #include <Inventor/nodes/SoBaseColor.h>
+#include <Inventor/nodes/SoDirectionalLight.h>
+#include <Inventor/nodes/SoDrawStyle.h>
 #include <Inventor/nodes/SoFont.h>
 #include <Inventor/nodes/SoIndexedFaceSet.h>
 #include <Inventor/nodes/SoLightModel.h>
@@ -120,8 +122,8 @@ SoSeparator* MakeSkin(const Mesh& mesh) {
     hints->shapeType = SoShapeHints::UNKNOWN_SHAPE_TYPE;  // seen from both sides
     skin->addChild(hints);
     auto* const material = new SoMaterial;
-    material->specularColor.setValue(0.18f, 0.18f, 0.18f);
-    material->shininess = 0.3f;
+    material->specularColor.setValue(0.06f, 0.06f, 0.06f);
+    material->shininess = 0.4f;
     skin->addChild(material);
     auto* const vertices = new SoVertexProperty;
     vertices->vertex.setValues(0, static_cast<int>(mesh.Vertices.size()), mesh.Vertices.data());
@@ -157,6 +159,18 @@ void AddNumber(SoSeparator& frame, const SbVec3f& at, const std::string& text) {
     frame.addChild(place);
 }
 
+/// An unseen rectangle around the frame: the numbers, whose size is of the screen, don't count where the scene is
+/// fitted into the view.
+void AddRoomForNumbers(SoSeparator& frame, const SbVec3f& low, const SbVec3f& high) {
+    auto* const unseen = new SoSeparator;
+    auto* const style = new SoDrawStyle;
+    style->style = SoDrawStyle::INVISIBLE;
+    unseen->addChild(style);
+    const SbVec3f room(2 * kNumberGap, 2 * kNumberGap, 0);
+    AddLine(*unseen, {low - room, high + room});
+    frame.addChild(unseen);
+}
+
 /// The rectangle of the limits on the ground, with ticks and numbers along its front and its left side.
 SoSeparator* MakeFrame(const GridGeometry& shape, const SceneScale& scale) {
     auto* const frame = new SoSeparator;
@@ -172,6 +186,7 @@ SoSeparator* MakeFrame(const GridGeometry& shape, const SceneScale& scale) {
     const auto ground = [&](double x, double y) { return scale.At(x, y, scale.Z0); };
     AddLine(*frame, {ground(shape.XMin, shape.YMin), ground(shape.XMax, shape.YMin), ground(shape.XMax, shape.YMax),
                      ground(shape.XMin, shape.YMax), ground(shape.XMin, shape.YMin)});
+    AddRoomForNumbers(*frame, ground(shape.XMin, shape.YMin), ground(shape.XMax, shape.YMax));
     const AxisTicks across = TicksBetween(shape.XMin, shape.XMax, kMostTicks);
     for (const double x : across.At) {
         const SbVec3f foot = ground(x, shape.YMin);
@@ -196,11 +211,16 @@ SoSeparator* MakeSurfaceModel(const Grid& grid, MapPalette palette, double heigh
     auto* const model = new SoSeparator;
     model->ref();
     auto* const look = new SoVRMLViewpoint;
-    constexpr float fromTheFront = 0.9f;  // radians that the eye is turned up from looking straight down
+    constexpr float fromTheFront = 0.85f;  // radians that the eye is turned up from looking straight down
     look->orientation = SbRotation(SbVec3f(1, 0, 0), fromTheFront);
-    look->position.setValue(0, -20, 16);
+    look->position.setValue(0, -17, 18);
     look->fieldOfView = 0.6f;
     model->addChild(look);
+    // A weak light from the other side, so that the shade isn't black.
+    auto* const fill = new SoDirectionalLight;
+    fill->direction.setValue(-0.7f, 0.3f, -0.6f);
+    fill->intensity = 0.35f;
+    model->addChild(fill);
     const Mesh mesh = MakeMesh(grid, range, scale, palette);
     if (!mesh.Corners.empty()) model->addChild(MakeSkin(mesh));
     model->addChild(MakeFrame(grid.Shape, scale));

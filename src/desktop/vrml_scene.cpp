@@ -27,6 +27,9 @@ namespace crownlab {
 namespace {
 
 constexpr QColor kSky(255, 255, 255);
+const SbVec3f kFromTheEye(0, 0, -1);
+/// Over the left shoulder: a surface without other light shows its form better so.
+const SbVec3f kFromTheShoulder(0.5f, -0.45f, -1);
 
 /// The first complaint of the reader in hand; Coin calls back without a place for a user's data of one read.
 std::string firstReadError;
@@ -79,6 +82,7 @@ struct VrmlScene::Coin {
     SbBox3f Box;  ///< extents of the model
     SoSceneManager Manager;
     QColor Sky = kSky;
+    SbVec3f Light = kFromTheEye;  ///< where the light shines to, as the camera is turned
     bool HasViewpoint = false;
 
     Coin() {
@@ -180,6 +184,7 @@ VrmlScene::~VrmlScene() = default;
 
 std::string VrmlScene::Read(const std::string& file) {
     coin_->SetModel(nullptr);
+    coin_->Light = kFromTheEye;
     coin_->Box.makeEmpty();
     firstReadError.clear();
     SoInput input;
@@ -197,6 +202,7 @@ std::string VrmlScene::Read(const std::string& file) {
 
 void VrmlScene::Show(SoSeparator& model) {
     coin_->SetModel(&model);
+    coin_->Light = kFromTheShoulder;
     LookAtModel();
 }
 
@@ -245,7 +251,7 @@ void VrmlScene::Approach(double factor) {
 
 void VrmlScene::Draw(QSize view, unsigned context) {
     if (!coin_->Box.isEmpty()) coin_->TakeDepths();
-    coin_->Headlight->direction = coin_->Direction(SbVec3f(0, 0, -1));
+    coin_->Headlight->direction = coin_->Direction(coin_->Light);
     SoSceneManager& manager = coin_->Manager;
     manager.getGLRenderAction()->setCacheContext(context);
     const SbVec2s size(static_cast<short>(view.width()), static_cast<short>(view.height()));

@@ -64,8 +64,10 @@ AxisTicks TicksBetween(double low, double high, int most) {
         const double step = ticks.Step.Value();
         if (std::max(std::abs(low), std::abs(high)) / step > kMostSteps) return {.Step = ticks.Step, .At = {}};
         ticks.At.clear();
-        for (double count = std::floor(low / step); count <= std::ceil(high / step); ++count) {
-            const double at = Multiple(count, ticks.Step);
+        const double first = std::floor(low / step);
+        const int number = static_cast<int>(std::ceil(high / step) - first);
+        for (int i = 0; i <= number; ++i) {
+            const double at = Multiple(first + i, ticks.Step);
             if (at >= low && at <= high) ticks.At.push_back(at == 0 ? 0 : at);
         }
         if (ticks.At.size() <= static_cast<std::size_t>(most)) break;

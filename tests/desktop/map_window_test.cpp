@@ -27,8 +27,8 @@
 #include "desktop/vrml_widget.h"
 #include "desktop_session.h"
 #include "formats/boundary_file.h"
+#include "mapengine/bilinear_height.h"
 #include "mapengine/grid_file.h"
-#include "mapengine/map_height.h"
 #include "support/ordinary_user.h"
 
 namespace crownlab {
@@ -113,7 +113,7 @@ TEST_F(TheMapWindow, TellsTheGridAndThePlaceUnderTheMouse) {
     ASSERT_EQ(parts.size(), 6);
     EXPECT_NEAR(parts[1].toDouble(), place.x, PixelSize());
     EXPECT_NEAR(parts[3].toDouble(), place.y, PixelSize());
-    EXPECT_NEAR(parts[5].toDouble(), MapHeight(Crown, place.x, place.y), 1e-3);
+    EXPECT_NEAR(parts[5].toDouble(), BilinearHeight(Crown, place.x, place.y), 1e-3);
     MoveTo(Pixel(0.1, 2.1));
     EXPECT_TRUE(Find<QLabel>("labelPlace").text().endsWith(QChar(0x2013))) << "blank there";
     MoveTo({2, 2});
@@ -145,6 +145,23 @@ TEST_F(TheMapWindow, FitsZoomsAtTheMouseAndPans) {
     Choose("actionZoomIn");
     EXPECT_NEAR(Canvas().Transform().ScaleX, scale * 1.5, 1e-9);
     EXPECT_NEAR(Canvas().Transform().X0, 6, 1e-9);
+}
+
+TEST_F(TheMapWindow, HasRoomForItsNumbersAtEveryZoom) {
+    const auto inkAtTheLeftEdge = [this] {
+        const QImage image = Canvas().grab().toImage();
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y) count += image.pixelColor(1, y).lightness() < 200 ? 1 : 0;
+        return count;
+    };
+    for (int notches = 0; notches < 50; ++notches) {
+        if (notches % 7 == 0) {
+            EXPECT_EQ(inkAtTheLeftEdge(), 0) << "cut off after " << notches;
+        }
+        Wheel(QPointF(Pixel(3.77, 8.313)), 1);
+    }
+    EXPECT_EQ(inkAtTheLeftEdge(), 0);
+    Keep(*Window, "map-zoomed");
 }
 
 TEST_F(TheMapWindow, StaysFittedWhenItsSizeChanges) {
@@ -197,7 +214,7 @@ TEST_F(TheMapWindow, DigitisesFinerTheCloserItLooks) {
     Choose("actionDigitise");
     for (int i = 0; i < 8; ++i) Wheel(QPointF(Pixel(4.2, 7.7)), 5);
     const double pixel = PixelSize();
-    EXPECT_LT(pixel, 1e-4);
+    EXPECT_LT(pixel, 3e-5);
     const QPoint at = Canvas().Frame().center().toPoint();
     const PlanePoint wanted = Canvas().Transform().ToMap(at);
     QTest::mouseClick(&Canvas(), Qt::LeftButton, {}, at);
@@ -212,7 +229,7 @@ TEST_F(TheMapWindow, ListsPointsWithTheirHeights) {
     const PlanePoint& first = Window->Points().At({0, 0});
     EXPECT_NEAR(Cell(0, 1).toDouble(), first.x, 1e-3);
     EXPECT_NEAR(Cell(0, 2).toDouble(), first.y, 1e-3);
-    EXPECT_NEAR(Cell(0, 3).toDouble(), MapHeight(Crown, first.x, first.y), 1e-3);
+    EXPECT_NEAR(Cell(0, 3).toDouble(), BilinearHeight(Crown, first.x, first.y), 1e-3);
     ClickMap(0.05, 2.05);
     EXPECT_EQ(Cell(3, 3), QString(QChar(0x2013)));
 }
@@ -435,6 +452,31 @@ TEST_F(TheMapWindow, ShowsEveryView) {
     Find<QDoubleSpinBox>("spinStep").setValue(0);
     Find<QDoubleSpinBox>("spinFactor").setValue(3);
     Keep(*Window, "map-relief-lines");
+}
+
+/// The manual's pictures. CROWNLAB_GRID names another grid to take them of.
+TEST_F(TheMapWindow, IsDigitisedForATool) {
+    const QString path = qEnvironmentVariable("CROWNLAB_GRID", QString::fromStdString(GridPath()));
+    ASSERT_EQ(Window->OpenGrid(path.toStdString()), "");
+    Window->StartWait({.Grid = path.toStdString(), .PointFile = Folder / "digit.dat"});
+    const GridGeometry shape = ReadGrid(path.toStdString()).Shape;
+    const double width = shape.XMax - shape.XMin, height = shape.YMax - shape.YMin;
+    for (int i = 0; i < 9; ++i) {
+        const double turn = i * 0.69813;
+        ClickMap(shape.XMin + width * (0.33 + 0.16 * std::cos(turn)),
+                 shape.YMin + height * (0.66 + 0.2 * std::sin(turn)));
+    }
+    EXPECT_EQ(Window->Points().Count(), 9u);
+    Keep(*Window, "map-digitise");
+    Window->SavePoints();
+    EXPECT_THAT(ReadDigitisedPoints(Folder / "digit.dat"), SizeIs(9));
+    EXPECT_EQ(Find<QPushButton>("buttonSave").text(), "Saved");
+    for (const auto& [action, name] : {std::pair("actionImage", "map-real-colours"),
+                                       {"actionContours", "map-real-contours"},
+                                       {"actionSurface", "map-real-surface"}}) {
+        Choose(action);
+        Keep(*Window, name);
+    }
 }
 
 TEST_F(TheMapWindow, ShowsTheSurfaceInSpace) {

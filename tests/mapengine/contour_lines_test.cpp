@@ -6,7 +6,7 @@
 #include <map>
 #include <numbers>
 
-#include "mapengine/map_height.h"
+#include "mapengine/bilinear_height.h"
 #include "sample_grids.h"
 #include "support/random_numbers.h"
 
@@ -152,7 +152,7 @@ TEST(Contours, CrossEachEdgeThatTheLevelCrosses) {
             for (const PlanePoint& point : line.Points) {
                 // Beside a blank the last place of a crossing can take it in.
                 if (round % 2 == 0) {
-                    EXPECT_NEAR(MapHeight(grid, point.x, point.y), level, 1e-6) << kRandomSeed;
+                    EXPECT_NEAR(BilinearHeight(grid, point.x, point.y), level, 1e-6) << kRandomSeed;
                 }
             }
             if (line.Closed) continue;

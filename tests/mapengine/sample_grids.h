@@ -1,23 +1,11 @@
 #pragma once
 
 #include <cmath>
-#include <functional>
 #include <vector>
 
-#include "mapengine/grid.h"
+#include "test_grids.h"
 
 namespace crownlab {
-
-/// A grid of what `height` gives at each node.
-inline Grid GridOf(const GridGeometry& shape, const std::function<double(double x, double y)>& height) {
-    Grid grid(shape);
-    for (int row = 0; row < shape.Rows; ++row) {
-        for (int column = 0; column < shape.Columns; ++column) {
-            grid.At(column, row) = height(shape.X(column), shape.Y(row));
-        }
-    }
-    return grid;
-}
 
 /// Heights as they stand on a page, the highest row first; a NAN is a blank. One unit between columns, two between
 /// rows, so that x and y differ.
