@@ -56,7 +56,7 @@ std::string DigitisedText(const DigitisedAreas& areas) {
     return text;
 }
 
-DigitisedAreas ReadDigitisedAreas(const std::string& path) {
+DigitisedAreas ReadPointFile(const std::string& path) {
     const FileText file = ReadFileText(path);
     std::string_view rest = WithoutByteOrderMark(file.View());
     DigitisedAreas areas{{}};

@@ -17,7 +17,7 @@ std::string DigitisedText(const DigitisedAreas& areas);
 
 /// Reads such a file; numbers may stand apart by commas, blanks or tabs, and empty lines are passed over. TypeMismatch
 /// for a line that isn't a point, and what reading a file throws. There is one area at least, empty for an empty file.
-DigitisedAreas ReadDigitisedAreas(const std::string& path);
+DigitisedAreas ReadPointFile(const std::string& path);
 
 /// Where a point stands among the others.
 struct PointPlace {

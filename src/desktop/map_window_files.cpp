@@ -158,7 +158,7 @@ void MapWindow::OpenOrTell(const QString& path) {
 void MapWindow::OpenPoints(const QString& path) {
     WhenPointsAreSafe([this, path] {
         try {
-            points_.Reset(ReadDigitisedAreas(RecordText(path)));
+            points_.Reset(ReadPointFile(RecordText(path)));
         } catch (const Failure& failure) {
             return Tell(QString("%1 wasn't read: %2.").arg(path, ReasonText(failure)));
         }

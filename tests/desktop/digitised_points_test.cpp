@@ -27,7 +27,7 @@ TEST(DigitisedTexts, FallOnTheSpotWhenReadAgain) {
     for (int i = 0; i < 500; ++i)
         areas[static_cast<std::size_t>(i % 2)].push_back({random.AnyFinite(), random.Mixed()});
     PutFile(folder / "digit.dat", DigitisedText(areas));
-    EXPECT_EQ(ReadDigitisedAreas(folder / "digit.dat"), areas) << kRandomSeed;
+    EXPECT_EQ(ReadPointFile(folder / "digit.dat"), areas) << kRandomSeed;
     // And as the tools read one area.
     PutFile(folder / "one.dat", DigitisedText({areas[0]}));
     EXPECT_EQ(ReadDigitisedPoints(folder / "one.dat"), areas[0]);
@@ -36,16 +36,16 @@ TEST(DigitisedTexts, FallOnTheSpotWhenReadAgain) {
 TEST(DigitisedTexts, OfOthersAreReadToo) {
     const TempFolder folder;
     PutFile(folder / "a.dat", "\xEF\xBB\xBF 1 2\n\n3,4\r\n-1\r\n-1\n5\t6");
-    EXPECT_EQ(ReadDigitisedAreas(folder / "a.dat"), (DigitisedAreas{{{1, 2}, {3, 4}}, {{5, 6}}}));
+    EXPECT_EQ(ReadPointFile(folder / "a.dat"), (DigitisedAreas{{{1, 2}, {3, 4}}, {{5, 6}}}));
     PutFile(folder / "empty.dat", "");
-    EXPECT_EQ(ReadDigitisedAreas(folder / "empty.dat"), DigitisedAreas{{}});
+    EXPECT_EQ(ReadPointFile(folder / "empty.dat"), DigitisedAreas{{}});
     for (const char* const bad : {"1,2\n3\n", "1,2,3\n", "a,b\n", "1;2\n", "nan,1\n", "-1,\n"}) {
         PutFile(folder / "bad.dat", bad);
         EXPECT_TRUE(FailsWith(
-            FailureKind::TypeMismatch, [&] { ReadDigitisedAreas(folder / "bad.dat"); }, "bad.dat"))
+            FailureKind::TypeMismatch, [&] { ReadPointFile(folder / "bad.dat"); }, "bad.dat"))
             << bad;
     }
-    EXPECT_TRUE(FailsWith(FailureKind::FileNotFound, [&] { ReadDigitisedAreas(folder / "none.dat"); }));
+    EXPECT_TRUE(FailsWith(FailureKind::FileNotFound, [&] { ReadPointFile(folder / "none.dat"); }));
 }
 
 TEST(DigitisedPoints, GoToTheLastArea) {

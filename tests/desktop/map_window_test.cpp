@@ -300,7 +300,7 @@ TEST_F(TheMapWindow, StartsTheNextArea) {
     const std::string text = FileBytes(Folder / "digit.dat");
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 6);
     EXPECT_NE(text.find("\r\n-1\r\n"), std::string::npos);
-    EXPECT_EQ(ReadDigitisedAreas(Folder / "digit.dat"), Window->Points().Areas());
+    EXPECT_EQ(ReadPointFile(Folder / "digit.dat"), Window->Points().Areas());
 }
 
 TEST_F(TheMapWindow, KeepsThePointsWhenSavingFails) {
