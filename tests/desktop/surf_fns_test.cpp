@@ -3,6 +3,7 @@
 
 #include <QCheckBox>
 #include <QDir>
+#include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
@@ -81,6 +82,42 @@ TEST_F(SurfFns, TheMouseRunsATool) {
     Session.Click(kForm, "cmdSAVol");
     EXPECT_NE(FileBytes(Session.Folder / "00SAallresults.csv").find("\"m1\",8,0,8,0,0\r\n"), std::string::npos);
     EXPECT_EQ(Find<QLineEdit>("txtNoFiles").text(), "0");
+}
+
+TEST_F(SurfFns, EachToolRunsByItsButton) {
+    PutFile(Session.Folder / "m2.grd", "DSAA\n3 2\n0 4\n1 3\n1 2\n1 2 1\n1 1 1\n");
+    Session.Open(kForm);
+    Session.Click(kForm, "chkPlotSurfer");
+    Session.Click(kForm, "chkRedRow");
+    Session.Type(kForm, "txtRedRowFactor", "1");
+    Session.Click(kForm, "optTerrain");
+    BoxAnswers boxes([](QMessageBox& box) { PressIn(box, QMessageBox::Ok); });
+    for (const char* const button : {"cmdProcess", "cmdReZero", "cmdCompareGrids", "cmdExtract"}) {
+        Session.Click(kForm, "cmdAddAllFilenames");
+        Session.Click(kForm, button);
+        EXPECT_EQ(Find<QLineEdit>("txtNoFiles").text(), "0") << button;
+    }
+    for (const char* const name : {"m1ts.grd", "m2tsresults.csv", "m1rz.grd", "m2rz.grd", "m1_top+plane.grd"}) {
+        EXPECT_TRUE(QFile::exists(QString::fromStdString(Session.Folder / name))) << name;
+    }
+    ASSERT_EQ(boxes.Boxes.size(), 2U);
+    EXPECT_EQ(boxes.Boxes[1].Text, "Grid extraction for m2 not required");
+}
+
+TEST_F(SurfFns, BubblesAreDigitisedWhileTheBoxWaits) {
+    Session.Open(kForm);
+    Session.Click(kForm, "chkPlotSurfer");
+    Session.Click(kForm, "optBlankMultiInside");
+    BoxAnswers boxes([this](QMessageBox& box) {
+        PutFile(Session.Folder / "digit.dat", "-1,0\r\n1,0\r\n1,2\r\n-1\r\n3,0\r\n5,0\r\n5,2\r\n");
+        PressIn(box, QMessageBox::Ok);
+    });
+    Session.Click(kForm, "cmdAddAllFilenames");
+    Session.Click(kForm, "cmdBlank");
+    ASSERT_EQ(boxes.Boxes.size(), 1U);
+    EXPECT_TRUE(boxes.Boxes[0].Text.contains("Type '-1' between separate areas."));
+    EXPECT_EQ(FileBytes(Session.Folder / "m1blnmpts.bln").substr(0, 19), " 4             1 \r\n");
+    EXPECT_TRUE(QFile::exists(QString::fromStdString(Session.Folder / "m1u.grd")));
 }
 
 }  // namespace
