@@ -37,8 +37,8 @@ GridPart UnblankedRange(const std::string& text, const GridShape& grid) {
     FieldReader reader(content.View(), text);
     Span columns;
     Span rows;
-    for (double row = 1; row <= grid.NumRows; ++row) {
-        for (double column = 1; column <= grid.NumCols; ++column) {
+    for (int row = 1; row <= grid.NumRows; ++row) {
+        for (int column = 1; column <= grid.NumCols; ++column) {
             reader.ReadNumber();
             reader.ReadNumber();
             if (!(reader.ReadNumber() < blankFrom)) continue;

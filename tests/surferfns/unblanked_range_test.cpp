@@ -53,11 +53,15 @@ TEST_F(UnblankedRangeTest, AgreesWithWalkingOutwards) {
     const auto down = [](int first) { return std::max((first == 1 ? 1 : first - 1) - 2, 1); };
     const auto up = [](int last, int count) { return std::min((last == count ? count : last + 1) + 2, count); };
     RandomNumbers random;
+    const auto upTo = [&random](int most) {
+        const auto choices = static_cast<std::uint64_t>(most) + 1;
+        return static_cast<int>(random.Below(choices));
+    };
     for (int trial = 0; trial < 100; ++trial) {
-        const int c1 = 1 + static_cast<int>(random.Below(kColumns));
-        const int c2 = c1 + static_cast<int>(random.Below(static_cast<std::uint64_t>(kColumns - c1 + 1)));
-        const int r1 = 1 + static_cast<int>(random.Below(kRows));
-        const int r2 = r1 + static_cast<int>(random.Below(static_cast<std::uint64_t>(kRows - r1 + 1)));
+        const int c1 = 1 + upTo(kColumns - 1);
+        const int c2 = c1 + upTo(kColumns - c1);
+        const int r1 = 1 + upTo(kRows - 1);
+        const int r2 = r1 + upTo(kRows - r1);
         const GridPart expected{static_cast<double>(down(c1)), static_cast<double>(up(c2, kColumns)),
                                 static_cast<double>(down(r1)), static_cast<double>(up(r2, kRows))};
         ASSERT_EQ(Round({{c1, r2}, {c2, r1}}), expected) << c1 << ' ' << c2 << ' ' << r1 << ' ' << r2;
