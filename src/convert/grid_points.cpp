@@ -1,6 +1,9 @@
 #include "convert/grid_points.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
 
 #include "basis/field_reader.h"
 #include "basis/number_text.h"
@@ -34,11 +37,30 @@ CloudPoint Lowest(const FileText& text, const std::string& path) {
     return low;
 }
 
+/// Longest text of one number: a sign, the 309 digits of the largest one, a point and a decimal.
+constexpr std::size_t kLongestDecimals = 320;
+
+/// A number so large that it has no decimals: its 15 digits, and noughts for the others.
+char* AppendDigits(char* end, double value) {
+    char text[kNumberTextMax];
+    const int length = std::snprintf(text, sizeof text, "%.14e", std::fabs(value));
+    const int exponent = std::atoi(std::find(text, text + length, 'e') + 1);
+    if (value < 0) *end++ = '-';
+    *end++ = text[0];
+    end = std::copy_n(text + 2, 14, end);
+    end = std::fill_n(end, exponent - 14, '0');
+    *end++ = '.';
+    *end++ = '0';
+    return end;
+}
+
 char* AppendDecimals(char* end, double value) {
     constexpr int decimals = 3;
+    constexpr double exponentFrom = 1e15;
+    if (std::fabs(value) >= exponentFrom) return AppendDigits(end, Finite(value, "shifted point"));
     char* const start = end;
     end = AppendGeneralText(end, RoundDecimals(value, decimals));
-    if (std::find_if(start, end, [](char c) { return c == '.' || c == 'E'; }) != end) return end;
+    if (std::find(start, end, '.') != end) return end;
     *end++ = '.';
     *end++ = '0';
     return end;
@@ -47,7 +69,7 @@ char* AppendDecimals(char* end, double value) {
 }  // namespace
 
 std::string OneToThreeDecimals(double value) {
-    char text[kNumberTextMax + 2];
+    char text[kLongestDecimals];
     return {text, AppendDecimals(text, value)};
 }
 
@@ -57,7 +79,7 @@ void WriteShiftedPoints(FileTable& files, const std::string& input, const std::s
     ResultFile file(files, output);
     ForEachRecord(text, input, [&](const CloudPoint& point) {
         if (!(point.z < kBlankHeightFrom)) return;
-        char line[3 * (kNumberTextMax + 3)];
+        char line[3 * (kLongestDecimals + 1)];
         char* end = AppendDecimals(line, point.x - low.x);
         *end++ = ' ';
         end = AppendDecimals(end, point.y - low.y);

@@ -32,6 +32,14 @@ FirstRun FindFirstRun(const PointCloud& points, const std::string& path, std::si
     throw Failure(FailureKind::InputPastEnd, path);
 }
 
+/// All points; the first two have to be there.
+PointCloud ReadPoints(const std::string& path) {
+    if (ReadFileText(path).View().empty()) throw Failure(FailureKind::InputPastEnd, path);
+    PointCloud points = ReadPointText(path);
+    if (points.size() < 2) throw Failure(FailureKind::InputPastEnd, path);
+    return points;
+}
+
 void FindHeights(PointLattice& lattice, const PointCloud& points) {
     for (const CloudPoint& point : points) {
         lattice.ZMin = std::min(lattice.ZMin, point.z);
@@ -62,8 +70,7 @@ double PointLattice::At(int column, int row) const {
 }
 
 LatticeReading ReadPointLattice(const std::string& path) {
-    const PointCloud points = ReadPointText(path);
-    if (points.size() < 2) throw Failure(FailureKind::InputPastEnd, path);
+    const PointCloud points = ReadPoints(path);
     const bool xFast = points[0].x != points[1].x;
     // The first two tell the axis; reading goes on behind them.
     constexpr std::size_t behindTwo = 2;
@@ -87,8 +94,7 @@ LatticeReading ReadPointLattice(const std::string& path) {
 }
 
 FileOrderHeights ReadHeightsInFileOrder(const std::string& path) {
-    const PointCloud points = ReadPointText(path);
-    if (points.size() < 2) throw Failure(FailureKind::InputPastEnd, path);
+    const PointCloud points = ReadPoints(path);
     const FirstRun run = FindFirstRun(points, path, 1, &CloudPoint::x, &CloudPoint::y);
     FileOrderHeights heights;
     heights.Cols = ToInt32(static_cast<double>(run.Count), "number of columns");
