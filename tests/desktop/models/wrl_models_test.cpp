@@ -1,35 +1,39 @@
 // Every kind of VRML model that the converters write, read back by a library of others: what it says of the file, how
 // many vertices and faces it finds, how large the model is, and how it looks.
 #include <Inventor/SbBox3f.h>
-#include <Inventor/SbViewportRegion.h>
 #include <Inventor/SoDB.h>
+#include <Inventor/SoFullPath.h>
 #include <Inventor/SoInput.h>
 #include <Inventor/SoInteraction.h>
-#include <Inventor/SoOffscreenRenderer.h>
+#include <Inventor/SoPrimitiveVertex.h>
 #include <Inventor/VRMLnodes/SoVRMLBackground.h>
 #include <Inventor/VRMLnodes/SoVRMLCoordinate.h>
 #include <Inventor/VRMLnodes/SoVRMLDirectionalLight.h>
 #include <Inventor/VRMLnodes/SoVRMLElevationGrid.h>
 #include <Inventor/VRMLnodes/SoVRMLIndexedFaceSet.h>
 #include <Inventor/VRMLnodes/SoVRMLViewpoint.h>
-#include <Inventor/actions/SoGetBoundingBoxAction.h>
-#include <Inventor/actions/SoGetPrimitiveCountAction.h>
+#include <Inventor/actions/SoCallbackAction.h>
 #include <Inventor/actions/SoSearchAction.h>
 #include <Inventor/errors/SoDebugError.h>
 #include <Inventor/errors/SoReadError.h>
-#include <Inventor/nodes/SoDirectionalLight.h>
-#include <Inventor/nodes/SoPerspectiveCamera.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <QGuiApplication>
+#include <QImage>
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QOpenGLFramebufferObject>
+#include <clocale>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "basis/result_file.h"
 #include "convert/grid_wrl.h"
 #include "convert/points_wrl.h"
+#include "desktop/vrml_scene.h"
 #include "support/temp_folder.h"
 
 namespace crownlab {
@@ -48,11 +52,11 @@ public:
         static const bool started = [] {
             SoDB::init();
             SoInteraction::init();
-            SoReadError::setHandlerCallback(Collect, nullptr);
-            SoDebugError::setHandlerCallback(Collect, nullptr);
             return true;
         }();
         EXPECT_TRUE(started);
+        SoReadError::setHandlerCallback(Collect, nullptr);
+        SoDebugError::setHandlerCallback(Collect, nullptr);
         complaints.clear();
         SoInput input;
         EXPECT_TRUE(input.openFile(path.c_str()));
@@ -74,56 +78,82 @@ public:
         search.apply(root_);
         std::vector<Node*> nodes;
         for (int k = 0; k < search.getPaths().getLength(); ++k) {
-            nodes.push_back(static_cast<Node*>(search.getPaths()[k]->getTail()));
+            nodes.push_back(static_cast<Node*>(static_cast<SoFullPath*>(search.getPaths()[k])->getTail()));
         }
         return nodes;
     }
 
-    int Triangles() const {
-        SoGetPrimitiveCountAction count;
-        count.apply(root_);
-        return count.getTriangleCount();
-    }
+    int Triangles() const { return Drawn().Count; }
 
+    /// The extents of what is drawn, in the scene's own unit.
     void ExpectBox(const SbVec3f& low, const SbVec3f& high) const {
-        SoGetBoundingBoxAction action{SbViewportRegion(100, 100)};
-        action.apply(root_);
-        const SbBox3f box = action.getBoundingBox();
+        const SbBox3f box = Drawn().Box;
         for (int axis = 0; axis < 3; ++axis) {
             EXPECT_NEAR(box.getMin()[axis], low[axis], 1e-3) << "axis " << axis;
             EXPECT_NEAR(box.getMax()[axis], high[axis], 1e-3) << "axis " << axis;
         }
     }
 
-    /// Keeps a picture from above at an angle and returns the share of pixels that aren't background.
-    double Draw(const std::string& name) const {
-        constexpr short side = 400;
-        auto* const scene = new SoSeparator;
-        scene->ref();
-        auto* const camera = new SoPerspectiveCamera;
-        auto* const light = new SoDirectionalLight;
-        light->direction = SbVec3f(-0.4f, -1, -0.3f);
-        scene->addChild(camera);
-        scene->addChild(light);
-        scene->addChild(root_);
-        const SbViewportRegion view(side, side);
-        camera->orientation = SbRotation(SbVec3f(1, 0, 0), -0.9f);
-        camera->viewAll(scene, view);
-        SoOffscreenRenderer renderer(view);
-        renderer.setBackgroundColor(SbColor(1, 1, 1));
-        EXPECT_TRUE(renderer.render(scene)) << "OpenGL is needed here";
-        std::filesystem::create_directories(CROWNLAB_SCREENSHOTS);
-        EXPECT_TRUE(renderer.writeToRGB((std::string(CROWNLAB_SCREENSHOTS) + "/" + name + ".rgb").c_str()));
-        const unsigned char* const pixels = renderer.getBuffer();
-        int drawn = 0;
-        for (int k = 0; k < side * side; ++k) drawn += pixels[3 * k] < 250 ? 1 : 0;
-        scene->unref();
-        return static_cast<double>(drawn) / (side * side);
+private:
+    struct Extent {
+        int Count = 0;
+        SbBox3f Box;
+    };
+
+    static void Take(void* extent, SoCallbackAction* action, const SoPrimitiveVertex* a, const SoPrimitiveVertex* b,
+                     const SoPrimitiveVertex* c) {
+        auto& drawn = *static_cast<Extent*>(extent);
+        ++drawn.Count;
+        for (const SoPrimitiveVertex* const vertex : {a, b, c}) {
+            SbVec3f at;
+            action->getModelMatrix().multVecMatrix(vertex->getPoint(), at);
+            drawn.Box.extendBy(at);
+        }
     }
 
-private:
+    Extent Drawn() const {
+        Extent drawn;
+        SoCallbackAction action;
+        action.addTriangleCallback(SoNode::getClassTypeId(), Take, &drawn);
+        action.apply(root_);
+        return drawn;
+    }
+
     SoSeparator* root_ = nullptr;
 };
+
+/// Draws a file as the viewer's page does, from its first viewpoint or so that all is seen, keeps the picture with the
+/// build and returns the share of pixels that aren't white.
+double Draw(const std::string& path, const std::string& name) {
+    static int count = 1;
+    static char program[] = "wrl_models_test";
+    static char* words[] = {program, nullptr};
+    static const QGuiApplication qt(count, words);
+    std::setlocale(LC_ALL, "C");
+    QOffscreenSurface surface;
+    surface.create();
+    QOpenGLContext context;
+    if (!context.create() || !context.makeCurrent(&surface)) {
+        ADD_FAILURE() << "OpenGL is needed here";
+        return 0;
+    }
+    const QSize size(480, 360);
+    QOpenGLFramebufferObject target(size, QOpenGLFramebufferObject::CombinedDepthStencil);
+    target.bind();
+    VrmlScene scene;
+    EXPECT_EQ(scene.Read(path), "");
+    scene.Fit(size);
+    scene.Turn(0.1, 0.15);
+    scene.Draw(size, VrmlScene::NewContext());
+    const QImage picture = target.toImage().convertToFormat(QImage::Format_RGB32);
+    std::filesystem::create_directories(CROWNLAB_SCREENSHOTS);
+    EXPECT_TRUE(picture.save(QString::fromStdString(std::string(CROWNLAB_SCREENSHOTS) + "/" + name + ".png")));
+    int drawn = 0;
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) drawn += qRed(picture.pixel(x, y)) < 250 ? 1 : 0;
+    }
+    return static_cast<double>(drawn) / (size.width() * size.height());
+}
 
 /// A hill over 25 by 19 nodes, x from 2 and y from -3 on, with a hole of one node, one of two and a gap at the edge.
 Lattice Hill(double spacing) {
@@ -193,7 +223,7 @@ TEST_F(WrlModels, ElevationGridOfAGrid) {
         EXPECT_EQ(model.Triangles(), 2 * 26 * 20);
         // Tenths of a millimetre: 26 by 20 spacings of 0.5 mm, 0 to 4 mm high.
         model.ExpectBox(SbVec3f(0, 0, 0), SbVec3f(130, 40, 100));
-        EXPECT_GT(model.Draw(flavour ? "wrl_elevation_flavour" : "wrl_elevation"), 0.15);
+        EXPECT_GT(Draw(Folder / "hill.wrl", flavour ? "wrl_elevation_flavour" : "wrl_elevation"), 0.15);
     }
 }
 
@@ -203,7 +233,7 @@ TEST_F(WrlModels, PolygonsOfAGridFillItsHoles) {
         ExpectScene(model, flavour);
         ExpectFaces(model, 25 * 19, 2 * 24 * 18);
         model.ExpectBox(SbVec3f(20, 0, -30), SbVec3f(140, 39.861f, 60));
-        EXPECT_GT(model.Draw(flavour ? "wrl_polygons_flavour" : "wrl_polygons"), 0.15);
+        EXPECT_GT(Draw(Folder / "hill.wrl", flavour ? "wrl_polygons_flavour" : "wrl_polygons"), 0.15);
     }
 }
 
@@ -215,7 +245,7 @@ TEST_F(WrlModels, SurfacePolygonsLeaveBlanksOut) {
         // two: eight less (two cells lose both, four lose one), six stitches. The edge: two less.
         ExpectFaces(model, 25 * 19 - 4, 2 * 24 * 18 - 4 + 4 - 8 + 6 - 2);
         model.ExpectBox(SbVec3f(0.02f, 0, -0.03f), SbVec3f(12.02f, 3.9861f, 8.97f));
-        EXPECT_GT(model.Draw(flavour ? "wrl_surface_flavour" : "wrl_surface"), 0.15);
+        EXPECT_GT(Draw(Folder / "hill.wrl", flavour ? "wrl_surface_flavour" : "wrl_surface"), 0.15);
     }
 }
 
@@ -230,7 +260,7 @@ TEST_F(WrlModels, ElevationGridOfASurfaceFile) {
     EXPECT_EQ(model.All<SoVRMLElevationGrid>()[0]->height.getNum(), 25 * 19);
     EXPECT_EQ(model.Triangles(), 2 * 24 * 18);
     model.ExpectBox(SbVec3f(0, 0, 0), SbVec3f(12, 4, 9));
-    EXPECT_GT(model.Draw("wrl_surface_file"), 0.15);
+    EXPECT_GT(Draw(Folder / "hill.wrl", "wrl_surface_file"), 0.15);
 }
 
 TEST_F(WrlModels, ElevationGridOfAnImage) {
@@ -244,7 +274,7 @@ TEST_F(WrlModels, ElevationGridOfAnImage) {
     EXPECT_EQ(model.All<SoVRMLElevationGrid>()[0]->height.getNum(), 25 * 19);
     EXPECT_EQ(model.Triangles(), 2 * 24 * 18);
     model.ExpectBox(SbVec3f(0, 0, 0), SbVec3f(12, 4, 9));
-    EXPECT_GT(model.Draw("wrl_image"), 0.15);
+    EXPECT_GT(Draw(Folder / "hill.wrl", "wrl_image"), 0.15);
 }
 
 }  // namespace
