@@ -123,7 +123,7 @@ private:
 };
 
 /// Draws a file as the viewer's page does, from its first viewpoint or so that all is seen, keeps the picture with the
-/// build and returns the share of pixels that aren't white.
+/// build and returns the share of pixels in the models' blue.
 double Draw(const std::string& path, const std::string& name) {
     static int count = 1;
     static char program[] = "wrl_models_test";
@@ -145,14 +145,19 @@ double Draw(const std::string& path, const std::string& name) {
     scene.Fit(size);
     scene.Turn(0.1, 0.15);
     scene.Draw(size, VrmlScene::NewContext());
-    const QImage picture = target.toImage().convertToFormat(QImage::Format_RGB32);
+    QImage picture = target.toImage();
+    // What isn't drawn is cleared to a colour without cover; the colour is what people see.
+    picture.reinterpretAsFormat(QImage::Format_RGB32);
     std::filesystem::create_directories(CROWNLAB_SCREENSHOTS);
     EXPECT_TRUE(picture.save(QString::fromStdString(std::string(CROWNLAB_SCREENSHOTS) + "/" + name + ".png")));
-    int drawn = 0;
+    int blue = 0;
     for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x) drawn += qRed(picture.pixel(x, y)) < 250 ? 1 : 0;
+        for (int x = 0; x < size.width(); ++x) {
+            const QRgb pixel = picture.pixel(x, y);
+            if (qBlue(pixel) > qRed(pixel) + 60) ++blue;
+        }
     }
-    return static_cast<double>(drawn) / (size.width() * size.height());
+    return static_cast<double>(blue) / (size.width() * size.height());
 }
 
 /// A hill over 25 by 19 nodes, x from 2 and y from -3 on, with a hole of one node, one of two and a gap at the edge.
