@@ -1,6 +1,7 @@
 #include "convert/grid_points.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -19,9 +20,10 @@ namespace {
 template <typename Take>
 void ForEachRecord(const FileText& text, const std::string& path, const Take& take) {
     FieldReader reader(text.View(), path);
+    FieldReader::LastField lastY;
     while (!reader.NothingLeft()) {
         const double x = reader.ReadNumber();
-        const double y = reader.ReadNumber();
+        const double y = reader.ReadNumber(lastY);
         take(CloudPoint{x, y, reader.ReadNumber()});
     }
 }
@@ -54,16 +56,32 @@ char* AppendDigits(char* end, double value) {
     return end;
 }
 
-char* AppendDecimals(char* end, double value) {
+char* AppendGeneral(char* end, double value) {
     constexpr int decimals = 3;
-    constexpr double exponentFrom = 1e15;
-    if (std::fabs(value) >= exponentFrom) return AppendDigits(end, Finite(value, "shifted point"));
     char* const start = end;
     end = AppendGeneralText(end, RoundDecimals(value, decimals));
     if (std::find(start, end, '.') != end) return end;
     *end++ = '.';
     *end++ = '0';
     return end;
+}
+
+char* AppendDecimals(char* end, double value) {
+    constexpr double exponentFrom = 1e15;
+    if (std::fabs(value) >= exponentFrom) return AppendDigits(end, Finite(value, "shifted point"));
+    // Whole thousandths are exact up to here, and their digits are those of the rounded number.
+    constexpr double thousand = 1000;
+    constexpr double exactBelow = 1e12;
+    if (std::fabs(value) >= exactBelow) return AppendGeneral(end, value);
+    const auto thousandths = static_cast<long long>(RoundHalfEven(value * thousand));
+    if (thousandths < 0) *end++ = '-';
+    const long long whole = std::abs(thousandths);
+    end = AppendRecordText(end, whole / 1000);
+    *end++ = '.';
+    const std::array<char, 3> digits{static_cast<char>('0' + whole / 100 % 10),
+                                     static_cast<char>('0' + whole / 10 % 10), static_cast<char>('0' + whole % 10)};
+    const std::size_t shown = digits[2] != '0' ? 3 : (digits[1] != '0' ? 2 : 1);
+    return std::copy_n(digits.begin(), shown, end);
 }
 
 }  // namespace

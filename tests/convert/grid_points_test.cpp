@@ -28,6 +28,14 @@ TEST(OneToThreeDecimals, HalvesGoToTheEvenDigit) {
     EXPECT_EQ(OneToThreeDecimals(-2.0625), "-2.062");
 }
 
+TEST(OneToThreeDecimals, ThousandthsAreExactAsFarAsNumbersHoldThem) {
+    EXPECT_EQ(OneToThreeDecimals(999999999999.125), "999999999999.125");
+    EXPECT_EQ(OneToThreeDecimals(1000000000000.5), "1000000000000.5");
+    EXPECT_EQ(OneToThreeDecimals(-999999999999.5), "-999999999999.5");
+    EXPECT_EQ(OneToThreeDecimals(12.05), "12.05");
+    EXPECT_EQ(OneToThreeDecimals(12.005), "12.005");
+}
+
 TEST(OneToThreeDecimals, LargeNumbersHaveNoExponent) {
     EXPECT_EQ(OneToThreeDecimals(1e15), "1000000000000000.0");
     EXPECT_EQ(OneToThreeDecimals(-3e20), "-300000000000000000000.0");
