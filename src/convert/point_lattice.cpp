@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <filesystem>
+#include <system_error>
 
 #include "basis/failure.h"
 #include "basis/field_reader.h"
@@ -34,7 +36,8 @@ FirstRun FindFirstRun(const PointCloud& points, const std::string& path, std::si
 
 /// All points; the first two have to be there.
 PointCloud ReadPoints(const std::string& path) {
-    if (ReadFileText(path).View().empty()) throw Failure(FailureKind::InputPastEnd, path);
+    std::error_code missing;
+    if (std::filesystem::file_size(path, missing) == 0) throw Failure(FailureKind::InputPastEnd, path);
     PointCloud points = ReadPointText(path);
     if (points.size() < 2) throw Failure(FailureKind::InputPastEnd, path);
     return points;
