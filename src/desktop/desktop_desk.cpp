@@ -36,7 +36,13 @@ void ServeEvents(QEventLoop::ProcessEventsFlags which) {
 DesktopDesk::DesktopDesk(FormWindow::LayoutMaker layout, std::function<void(int)> finish)
     : layout_(std::move(layout)), finish_(std::move(finish)) {}
 
-DesktopDesk::~DesktopDesk() = default;
+DesktopDesk::~DesktopDesk() {
+    for (const QPointer<SideWindow>& window : sideWindows_) {
+        if (window == nullptr) continue;
+        window->OnClosed = nullptr;
+        delete window;
+    }
+}
 
 int DesktopDesk::Run(Application& application) {
     Start(application);
@@ -103,17 +109,26 @@ FormWindow* DesktopDesk::WindowOf(const Form& form) const {
 
 QWidget* DesktopDesk::FrontWindow() const {
     if (!modal_.empty()) return WindowOf(*modal_.back().first);
-    if (QWidget* const active = QApplication::activeWindow()) return active;
+    // A box belongs over a form: a map or plot, and a dialog of theirs, may be closed while it waits.
+    for (QWidget* active = QApplication::activeWindow(); active != nullptr; active = active->parentWidget()) {
+        if (dynamic_cast<FormWindow*>(active) != nullptr) return QApplication::activeWindow();
+    }
+    if (FormWindow* const acting = ActingWindow()) return acting;
     for (const auto& [form, window] : windows_) {
         if (window->isVisible()) return window.get();
     }
     return nullptr;
 }
 
+FormWindow* DesktopDesk::ActingWindow() const {
+    return acting_ != nullptr && acting_->isVisible() ? acting_.data() : nullptr;
+}
+
 void DesktopDesk::CopyAll() {
     for (const auto& [form, window] : windows_) {
         if (window->isVisible()) window->CopyRecords();
     }
+    if (follower_) follower_();
 }
 
 void DesktopDesk::SetWaitPointer(bool on) {
@@ -132,14 +147,40 @@ void DesktopDesk::End(int status) {
     for (QEventLoop* const loop : loops_) loop->quit();
 }
 
+void DesktopDesk::Adopt(SideWindow& window) {
+    std::erase_if(sideWindows_, [](const QPointer<SideWindow>& known) { return known == nullptr; });
+    sideWindows_.emplace_back(&window);
+    window.OnClosed = [this] {
+        // Once it is out of its own event.
+        QMetaObject::invokeMethod(
+            &guard_, [this] { EndIfNothingIsLeft(); }, Qt::QueuedConnection);
+    };
+}
+
+/// Closes what stands beside the forms. False if one of them asks the person first what to do with unsaved work.
+bool DesktopDesk::CloseSideWindows() {
+    bool all = true;
+    for (const QPointer<SideWindow>& window : sideWindows_) {
+        if (window != nullptr && window->isVisible() && !window->close()) all = false;
+    }
+    return all;
+}
+
 void DesktopDesk::EndIfNothingIsLeft() {
     if (running_ > 0) return;
+    const auto isVisible = [](const QWidget* window) { return window != nullptr && window->isVisible(); };
     const bool anyVisible =
-        std::any_of(windows_.begin(), windows_.end(), [](const auto& entry) { return entry.second->isVisible(); });
-    if (ending_ || (started_ && !anyVisible)) {
-        ending_ = true;
-        finish_(status_);
+        std::any_of(windows_.begin(), windows_.end(),
+                    [&](const auto& entry) { return isVisible(entry.second.get()); }) ||
+        std::any_of(sideWindows_.begin(), sideWindows_.end(), [&](const auto& window) { return isVisible(window); });
+    if (!ending_ && (!started_ || anyVisible)) return;
+    ending_ = true;
+    if (!CloseSideWindows()) {
+        // The forms go; the program ends when the last of the others has been closed.
+        for (const auto& [form, window] : windows_) window->hide();
+        return;
     }
+    finish_(status_);
 }
 
 void DesktopDesk::Yield() {
@@ -197,9 +238,13 @@ void DesktopDesk::SendKeys(const std::string& keys) {
     if (keyTarget_ != nullptr) keyTarget_->SendKeys(keys);
 }
 
-void DesktopDesk::CallRuns(std::string_view, double) { Redraw(); }
+void DesktopDesk::CallRuns(std::string_view member, double share) {
+    FormWindow* const acting = ActingWindow();
+    progress_.Show(member, share, acting != nullptr ? acting : FrontWindow());
+    Redraw();
+}
 
-void DesktopDesk::CallEnded() {}
+void DesktopDesk::CallEnded() { progress_.End(); }
 
 void DesktopDesk::SetClipboardText(const std::string& text) { QApplication::clipboard()->setText(ShownText(text)); }
 

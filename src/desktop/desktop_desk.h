@@ -6,10 +6,13 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "desktop/call_progress.h"
 #include "desktop/form_window.h"
 #include "desktop/input_guard.h"
+#include "desktop/map_windows.h"
 #include "forms/desk.h"
 #include "surfer/automation.h"
 
@@ -49,6 +52,15 @@ public:
     /// What the close box of the form's window does.
     void CloseForm(Form& form);
 
+    /// The map windows.
+    MapWindows& Maps() { return maps_; }
+    /// Takes a window beside the forms in: the program lives as long as it is open.
+    void Adopt(SideWindow& window);
+    /// `follow` is called whenever records are copied to the screen, for windows that show what isn't in records.
+    void SetFollower(std::function<void()> follow) { follower_ = std::move(follow); }
+
+    /// A person acts in this window.
+    void ActsIn(FormWindow& window) { acting_ = &window; }
     /// A handler runs or waits.
     bool IsRunning() const { return running_ > 0; }
     /// The program is to end: mnuExit, or a failure that ends it.
@@ -78,13 +90,16 @@ private:
     struct Waiting;
 
     Button ShowBox(QMessageBox& box, const std::vector<Button>& buttons);
+    void AddMapButton(QMessageBox& box, const DigitiseOffer& offer);
     void WaitIn(QEventLoop& loop, InputGuard::Open open, const QWidget* window);
     void CopyAll();
     void SetWaitPointer(bool on);
     void RunLater();
     void EndIfNothingIsLeft();
+    bool CloseSideWindows();
     void End(int status);
     QWidget* FrontWindow() const;
+    FormWindow* ActingWindow() const;
 
     std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
     std::vector<std::unique_ptr<FormWindow>> retired_;
@@ -93,6 +108,11 @@ private:
     /// The modal form and its loop, innermost last.
     std::vector<std::pair<const Form*, QEventLoop*>> modal_;
     InputGuard guard_;
+    std::vector<QPointer<SideWindow>> sideWindows_;
+    MapWindows maps_{[this](SideWindow& window) { Adopt(window); }};
+    QPointer<FormWindow> acting_;  ///< the form in which a person acted last
+    CallProgress progress_;
+    std::function<void()> follower_;
     QElapsedTimer sinceRedraw_;
     FormWindow::LayoutMaker layout_;
     std::function<void(int)> finish_;

@@ -96,12 +96,25 @@ Button DesktopDesk::ShowBox(QMessageBox& box, const std::vector<Button>& buttons
     return CloseMeans(buttons);
 }
 
+void DesktopDesk::AddMapButton(QMessageBox& box, const DigitiseOffer& offer) {
+    QPushButton* const button = box.addButton("Open map", QMessageBox::ActionRole);
+    button->setObjectName("buttonOpenMap");
+    button->setAutoDefault(false);
+    // Cut off from the box, which would take it for an answer.
+    QObject::disconnect(button, &QAbstractButton::clicked, nullptr, nullptr);
+    QObject::connect(button, &QAbstractButton::clicked, &box,
+                     [this, offer, over = &box] { maps_.OpenForPoints(offer, over); });
+}
+
 Button DesktopDesk::Ask(const MessageBox& box) {
     const QString title = ShownText(box.Title.empty() ? kProgramName : box.Title);
     const bool asks = box.Buttons.size() > 1;
     QMessageBox shown(asks ? QMessageBox::Question : QMessageBox::Information, title, ShownText(box.Text),
                       QMessageBox::NoButton, FrontWindow());
+    const bool digitises = !box.Digitise.Grid.empty();
+    if (digitises) AddMapButton(shown, box.Digitise);
     const Button answer = ShowBox(shown, box.Buttons);
+    if (digitises) maps_.EndWait();
     if (ending_) throw ExitProgram{};
     return answer;
 }

@@ -33,6 +33,7 @@ void FormWindow::Detach() {
 
 void FormWindow::Act(const Control& control, const char* event, const std::function<void()>& act) {
     if (form_ == nullptr) return;
+    desk_.ActsIn(*this);
     const bool moves = std::string_view(event) == "MouseMove";
     desk_.Act(form_->Name + "." + control.Name + "_" + event, act, moves ? Pointer::Keep : Pointer::Wait);
 }

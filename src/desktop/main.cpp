@@ -5,6 +5,7 @@
 #include "application/application.h"
 #include "desktop/desktop_desk.h"
 #include "desktop/form_layouts.h"
+#include "desktop/plot_window.h"
 #include "desktop/program_folder.h"
 #include "desktop/shown_text.h"
 #include "mapengine/map_engine.h"
@@ -25,5 +26,6 @@ int main(int count, char** arguments) {
         desk,
         crownlab::ProgramFolder(crownlab::RecordText(QApplication::applicationDirPath()), crownlab::RecordText(config)),
         objects);
+    crownlab::ShowPlots(desk, engine);
     return desk.Run(application);
 }

@@ -1,6 +1,8 @@
 #include "desktop/vrml_canvas.h"
 
 #include <QMouseEvent>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
@@ -27,7 +29,15 @@ void VrmlCanvas::paintGL() {
     const QSize pixels = size() * devicePixelRatioF();
     if (fitWaits_) scene_.Fit(pixels);
     fitWaits_ = false;
+    QOpenGLFunctions& gl = *context()->functions();
+    // The scene library takes it for granted, Qt leaves it off: without it what is drawn last covers what is nearer.
+    gl.glEnable(GL_DEPTH_TEST);
     scene_.Draw(pixels, context_);
+    // It clears to transparent: the window would shine through the sky.
+    gl.glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_TRUE);
+    gl.glClearColor(0, 0, 0, 1);
+    gl.glClear(GL_COLOR_BUFFER_BIT);
+    gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
 }
 
 void VrmlCanvas::mousePressEvent(QMouseEvent* event) { last_ = event->position(); }

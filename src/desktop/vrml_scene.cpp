@@ -27,22 +27,15 @@ namespace crownlab {
 namespace {
 
 constexpr QColor kSky(255, 255, 255);
+const SbVec3f kFromTheEye(0, 0, -1);
+/// Over the left shoulder: a surface without other light shows its form better so.
+const SbVec3f kFromTheShoulder(0.5f, -0.45f, -1);
 
 /// The first complaint of the reader in hand; Coin calls back without a place for a user's data of one read.
 std::string firstReadError;
 
 void TakeReadError(const SoError* error, void*) {
     if (firstReadError.empty()) firstReadError = error->getDebugString().getString();
-}
-
-/// Coin is set up once in the process, when the first scene is made.
-void SetUpCoin() {
-    static const bool done = [] {
-        SoDB::init();
-        SoReadError::setHandlerCallback(TakeReadError, nullptr);
-        return true;
-    }();
-    (void)done;
 }
 
 template <typename Node>
@@ -72,6 +65,15 @@ bool HasAllHeights(const SoNode* root) {
 
 }  // namespace
 
+void SetUpCoin() {
+    static const bool done = [] {
+        SoDB::init();
+        SoReadError::setHandlerCallback(TakeReadError, nullptr);
+        return true;
+    }();
+    (void)done;
+}
+
 struct VrmlScene::Coin {
     SoSeparator* Root = new SoSeparator;
     SoPerspectiveCamera* Camera = new SoPerspectiveCamera;
@@ -80,6 +82,7 @@ struct VrmlScene::Coin {
     SbBox3f Box;  ///< extents of the model
     SoSceneManager Manager;
     QColor Sky = kSky;
+    SbVec3f Light = kFromTheEye;  ///< where the light shines to, as the camera is turned
     bool HasViewpoint = false;
 
     Coin() {
@@ -99,6 +102,12 @@ struct VrmlScene::Coin {
         if (Model != nullptr) Root->removeChild(Model);
         Model = model;
         if (Model != nullptr) Root->addChild(Model);
+    }
+
+    void TakeBox() {
+        SoGetBoundingBoxAction size{SbViewportRegion()};
+        size.apply(Model);
+        Box = size.getBoundingBox();
     }
 
     void LookFromViewpoint() {
@@ -175,6 +184,7 @@ VrmlScene::~VrmlScene() = default;
 
 std::string VrmlScene::Read(const std::string& file) {
     coin_->SetModel(nullptr);
+    coin_->Light = kFromTheEye;
     coin_->Box.makeEmpty();
     firstReadError.clear();
     SoInput input;
@@ -186,13 +196,26 @@ std::string VrmlScene::Read(const std::string& file) {
         coin_->SetModel(nullptr);
         return "holds fewer heights than it tells";
     }
-    SoGetBoundingBoxAction size{SbViewportRegion()};
-    size.apply(model);
-    coin_->Box = size.getBoundingBox();
+    LookAtModel();
+    return {};
+}
+
+void VrmlScene::Show(SoSeparator& model) {
+    coin_->SetModel(&model);
+    coin_->Light = kFromTheShoulder;
+    LookAtModel();
+}
+
+void VrmlScene::Replace(SoSeparator& model) {
+    coin_->SetModel(&model);
+    coin_->TakeBox();
+}
+
+void VrmlScene::LookAtModel() {
+    coin_->TakeBox();
     coin_->LookFromViewpoint();
     coin_->TakeSky();
     if (!coin_->HasViewpoint) Fit(QSize(1, 1));
-    return {};
 }
 
 void VrmlScene::Fit(QSize view) {
@@ -228,7 +251,7 @@ void VrmlScene::Approach(double factor) {
 
 void VrmlScene::Draw(QSize view, unsigned context) {
     if (!coin_->Box.isEmpty()) coin_->TakeDepths();
-    coin_->Headlight->direction = coin_->Direction(SbVec3f(0, 0, -1));
+    coin_->Headlight->direction = coin_->Direction(coin_->Light);
     SoSceneManager& manager = coin_->Manager;
     manager.getGLRenderAction()->setCacheContext(context);
     const SbVec2s size(static_cast<short>(view.width()), static_cast<short>(view.height()));

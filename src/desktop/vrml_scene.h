@@ -5,9 +5,14 @@
 #include <memory>
 #include <string>
 
+class SoSeparator;
+
 namespace crownlab {
 
-/// A VRML file with a camera that looks at it. Needs no OpenGL until it is drawn.
+/// Sets the scene library up, once in the process. Needed before any of its nodes is made.
+void SetUpCoin();
+
+/// A VRML file, or a scene made in memory, with a camera that looks at it. Needs no OpenGL until it is drawn.
 class VrmlScene {
 public:
     VrmlScene();
@@ -18,6 +23,10 @@ public:
     /// Reads a file in place of the scene so far. Returns what is wrong with it, empty if it was read; the
     /// scene is empty if not. The camera starts at the file's first viewpoint, or so that all is seen.
     std::string Read(const std::string& file);
+    /// Takes a scene made in memory in place of the one so far, and looks at it as at a file's.
+    void Show(SoSeparator& model);
+    /// The same without moving the camera.
+    void Replace(SoSeparator& model);
 
     /// Moves the camera so that all is seen, in the direction in which it looks. `view` is the size of the view.
     void Fit(QSize view);
@@ -36,6 +45,8 @@ public:
     QColor Background() const;
 
 private:
+    void LookAtModel();
+
     struct Coin;
     std::unique_ptr<Coin> coin_;
 };

@@ -36,13 +36,7 @@ bool VrmlWidget::LoadScene(const std::string& file) {
         Say("No model is shown yet.");
         return false;
     }
-    const bool canDraw = CanDraw();
-    if (canDraw && canvas_ == nullptr) {
-        // The window is made anew to be painted by OpenGL: it has to know its place to come back there.
-        window()->setGeometry(window()->geometry());
-        canvas_ = new VrmlCanvas(this);
-        pages_->addWidget(canvas_);
-    }
+    const bool canDraw = PrepareCanvas();
     VrmlScene unseen;
     const std::string problem = (canDraw ? canvas_->Scene() : unseen).Read(file);
     const QString name = QFileInfo(ShownText(file)).fileName();
@@ -59,8 +53,41 @@ bool VrmlWidget::LoadScene(const std::string& file) {
     return true;
 }
 
+bool VrmlWidget::ShowModel(SoSeparator& model, bool keepsView) {
+    if (!PrepareCanvas()) {
+        Say("The surface can't be shown: there is no OpenGL here.");
+        return false;
+    }
+    if (keepsView) {
+        canvas_->Scene().Replace(model);
+    } else {
+        canvas_->Scene().Show(model);
+        canvas_->Fit();
+    }
+    pages_->setCurrentWidget(canvas_);
+    canvas_->update();
+    return true;
+}
+
+bool VrmlWidget::PrepareCanvas() {
+    if (!CanDraw()) return false;
+    if (canvas_ == nullptr) {
+        // The window is made anew to be painted by OpenGL: it has to know its place to come back there.
+        window()->setGeometry(window()->geometry());
+        canvas_ = new VrmlCanvas(this);
+        pages_->addWidget(canvas_);
+    }
+    return true;
+}
+
 void VrmlWidget::Fit() {
     if (canvas_ != nullptr) canvas_->Fit();
+}
+
+void VrmlWidget::Approach(double factor) {
+    if (canvas_ == nullptr) return;
+    canvas_->Scene().Approach(factor);
+    canvas_->update();
 }
 
 QString VrmlWidget::Sentence() const { return pages_->currentWidget() == sentence_ ? sentence_->text() : QString(); }

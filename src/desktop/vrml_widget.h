@@ -5,6 +5,7 @@
 
 class QLabel;
 class QStackedLayout;
+class SoSeparator;
 
 namespace crownlab {
 
@@ -18,8 +19,13 @@ public:
 
     /// Reads and shows `file`, "" for none. True if it was read, whether it can be drawn or not.
     bool LoadScene(const std::string& file);
+    /// Shows a scene made in memory, of which the widget takes a reference of its own. `keepsView` leaves the camera
+    /// where it stands. False, with a sentence in its place, where there is no OpenGL.
+    bool ShowModel(SoSeparator& model, bool keepsView);
     /// Shows all of the model.
     void Fit();
+    /// Brings the camera nearer (`factor` below 1) or farther.
+    void Approach(double factor);
 
     /// The sentence in place of the model, empty while one is drawn.
     QString Sentence() const;
@@ -27,6 +33,7 @@ public:
     static bool CanDraw();
 
 private:
+    bool PrepareCanvas();
     void Say(const QString& sentence);
 
     QStackedLayout* pages_;

@@ -56,6 +56,7 @@ struct MapLayer {
     /// Map units that one page unit shows, along x (y alike) and along z. Above 0.
     double XMapPerPU = 1;
     double ZMapPerPU = 1;
+    friend bool operator==(const MapLayer&, const MapLayer&) = default;
 };
 
 /// A map on a page: its rectangle has its upper left corner at (Left, Top).

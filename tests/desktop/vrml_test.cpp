@@ -77,6 +77,20 @@ TEST_F(VrmlViews, DrawTheModelOrSayWhyNot) {
     EXPECT_GT(BluePixels(), all / 10);
 }
 
+TEST_F(VrmlViews, ShowWhatIsNearerAndTheSkyBehind) {
+    // The far box stands last in the file: drawn over the near one it would be seen.
+    Load(std::string(kBlueBox) +
+         "Transform { translation 0 0 -6 children Shape { appearance Appearance { material Material { diffuseColor 1 0 "
+         "0 } }"
+         " geometry Box { size 1 1 1 } } }\n");
+    if (!VrmlWidget::CanDraw()) return;
+    QTest::qWait(50);
+    const QImage image = View().grab().toImage();
+    const QColor middle = image.pixelColor(image.rect().center());
+    EXPECT_GT(middle.blue(), middle.red() + 60);
+    EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::white)) << "the file's sky, not the window's grey";
+}
+
 TEST_F(VrmlViews, AreMovedByTheMouse) {
     Load(kBlueBox);
     if (!VrmlWidget::CanDraw()) return;
