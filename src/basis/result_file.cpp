@@ -150,7 +150,14 @@ std::string InZone(std::string item) {
     return item;
 }
 
-void ResultFile::PrintNumber(double number) { Write(PrintNumberText(number)); }
+void ResultFile::PrintNumber(double number) {
+    std::array<char, kNumberTextMax + 2> text;
+    text.front() = ' ';
+    char* end = AppendRecordText(text.data() + 1, number);
+    *end++ = ' ';
+    const char* const start = text.data() + (text[1] == '-' ? 1 : 0);
+    Write({start, static_cast<std::size_t>(end - start)});
+}
 
 void ResultFile::Commit() {
     Flush();

@@ -1,6 +1,10 @@
 #include "convert/grid_points.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
 
 #include "basis/field_reader.h"
 #include "basis/number_text.h"
@@ -16,9 +20,10 @@ namespace {
 template <typename Take>
 void ForEachRecord(const FileText& text, const std::string& path, const Take& take) {
     FieldReader reader(text.View(), path);
+    FieldReader::LastField lastY;
     while (!reader.NothingLeft()) {
         const double x = reader.ReadNumber();
-        const double y = reader.ReadNumber();
+        const double y = reader.ReadNumber(lastY);
         take(CloudPoint{x, y, reader.ReadNumber()});
     }
 }
@@ -34,20 +39,55 @@ CloudPoint Lowest(const FileText& text, const std::string& path) {
     return low;
 }
 
-char* AppendDecimals(char* end, double value) {
-    constexpr int decimals = 3;
-    char* const start = end;
-    end = AppendGeneralText(end, RoundDecimals(value, decimals));
-    if (std::find_if(start, end, [](char c) { return c == '.' || c == 'E'; }) != end) return end;
+/// Longest text of one number: a sign, the 309 digits of the largest one, a point and a decimal.
+constexpr std::size_t kLongestDecimals = 320;
+
+/// A number so large that it has no decimals: its 15 digits, and noughts for the others.
+char* AppendDigits(char* end, double value) {
+    char text[kNumberTextMax];
+    const int length = std::snprintf(text, sizeof text, "%.14e", std::fabs(value));
+    const int exponent = std::atoi(std::find(text, text + length, 'e') + 1);
+    if (value < 0) *end++ = '-';
+    *end++ = text[0];
+    end = std::copy_n(text + 2, 14, end);
+    end = std::fill_n(end, exponent - 14, '0');
     *end++ = '.';
     *end++ = '0';
     return end;
 }
 
+char* AppendGeneral(char* end, double value) {
+    constexpr int decimals = 3;
+    char* const start = end;
+    end = AppendGeneralText(end, RoundDecimals(value, decimals));
+    if (std::find(start, end, '.') != end) return end;
+    *end++ = '.';
+    *end++ = '0';
+    return end;
+}
+
+char* AppendDecimals(char* end, double value) {
+    constexpr double exponentFrom = 1e15;
+    if (std::fabs(value) >= exponentFrom) return AppendDigits(end, Finite(value, "shifted point"));
+    // Whole thousandths are exact up to here, and their digits are those of the rounded number.
+    constexpr double thousand = 1000;
+    constexpr double exactBelow = 1e12;
+    if (std::fabs(value) >= exactBelow) return AppendGeneral(end, value);
+    const auto thousandths = static_cast<long long>(RoundHalfEven(value * thousand));
+    if (thousandths < 0) *end++ = '-';
+    const long long whole = std::abs(thousandths);
+    end = AppendRecordText(end, whole / 1000);
+    *end++ = '.';
+    const std::array<char, 3> digits{static_cast<char>('0' + whole / 100 % 10),
+                                     static_cast<char>('0' + whole / 10 % 10), static_cast<char>('0' + whole % 10)};
+    const std::size_t shown = digits[2] != '0' ? 3 : (digits[1] != '0' ? 2 : 1);
+    return std::copy_n(digits.begin(), shown, end);
+}
+
 }  // namespace
 
 std::string OneToThreeDecimals(double value) {
-    char text[kNumberTextMax + 2];
+    char text[kLongestDecimals];
     return {text, AppendDecimals(text, value)};
 }
 
@@ -57,7 +97,7 @@ void WriteShiftedPoints(FileTable& files, const std::string& input, const std::s
     ResultFile file(files, output);
     ForEachRecord(text, input, [&](const CloudPoint& point) {
         if (!(point.z < kBlankHeightFrom)) return;
-        char line[3 * (kNumberTextMax + 3)];
+        char line[3 * (kLongestDecimals + 1)];
         char* end = AppendDecimals(line, point.x - low.x);
         *end++ = ' ';
         end = AppendDecimals(end, point.y - low.y);

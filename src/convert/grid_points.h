@@ -8,7 +8,8 @@ namespace crownlab {
 
 class FileTable;
 
-/// A number with one to three decimals, halves to the even digit: "0.0", "1.25", "-3.125".
+/// A number with one to three decimals, halves to the even digit: "0.0", "1.25", "-3.125", and no exponent. Overflow if
+/// it isn't finite.
 std::string OneToThreeDecimals(double value);
 
 /// Shifts the points of `input` so that the surface begins at 0, 0, 0, and writes those that aren't blank to `output`,

@@ -29,8 +29,10 @@ double ScaleOf(DataUnit unit, double spacing) {
     return millimetres ? fromMillimetres : fromMicrometres;
 }
 
+std::string Decimals(double value, int decimals) { return RecordText(RoundDecimals(value, decimals)); }
+
 vrml::Vector Position(double a, double b, double c) {
-    return {vrml::Number(a, kPlaceDecimals), vrml::Number(b, kPlaceDecimals), vrml::Number(c, kPlaceDecimals)};
+    return {Decimals(a, kPlaceDecimals), Decimals(b, kPlaceDecimals), Decimals(c, kPlaceDecimals)};
 }
 
 void WriteViewpoints(ResultFile& file, const WrlFrame& frame) {
@@ -70,8 +72,8 @@ void WriteHead(ResultFile& file, const WrlFrame& frame, const WrlOptions& option
 
 /// Heights with a skirt of one node all round, which closes the model at its sides.
 void WriteHeights(ResultFile& file, const Lattice& lattice, const WrlFrame& frame) {
-    vrml::WriteElevationGridStart(file, lattice.Cols + 2, lattice.Rows + 2, vrml::Number(frame.XSpacing, kNodeDecimals),
-                                  vrml::Number(frame.YSpacing, kNodeDecimals));
+    vrml::WriteElevationGridStart(file, lattice.Cols + 2, lattice.Rows + 2, Decimals(frame.XSpacing, kNodeDecimals),
+                                  Decimals(frame.YSpacing, kNodeDecimals));
     const std::string skirt = PrintNumberText(RoundDecimals(frame.ZMin, kNodeDecimals));
     for (int j = 0; j <= lattice.Rows + 1; ++j) {
         const bool outside = j == 0 || j == lattice.Rows + 1;
@@ -93,11 +95,11 @@ void WritePoint(ResultFile& file, const CloudPoint& node) {
     constexpr std::string_view indent = "            ";
     char line[3 * kNumberTextMax + 16];
     char* end = std::copy(indent.begin(), indent.end(), line);
-    end = AppendGeneralText(end, RoundDecimals(node.x, kNodeDecimals));
+    end = AppendRecordText(end, RoundDecimals(node.x, kNodeDecimals));
     *end++ = ' ';
-    end = AppendGeneralText(end, RoundDecimals(node.z, kNodeDecimals));
+    end = AppendRecordText(end, RoundDecimals(node.z, kNodeDecimals));
     *end++ = ' ';
-    end = AppendGeneralText(end, RoundDecimals(node.y, kNodeDecimals));
+    end = AppendRecordText(end, RoundDecimals(node.y, kNodeDecimals));
     *end++ = ',';
     file.Line({line, static_cast<std::size_t>(end - line)});
 }

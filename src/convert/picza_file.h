@@ -51,9 +51,10 @@ struct PiczaScan {
     std::vector<std::vector<CloudPoint>> Lines;  ///< in file units
 };
 
-/// Reads the whole scan; `beforeLine` is called at the start of each scan line. SubscriptOutOfRange for more points in
-/// a line or more lines than the window has places for (one over each), or more than 100,000 lines; DivisionByZero for
-/// a step of 0; InputPastEnd, TypeMismatch as above.
+/// Reads the whole scan; `beforeLine` is called at the start of each scan line. A line can be empty.
+/// SubscriptOutOfRange for a window without a place, more points in a line or more lines than the window has places for
+/// (one over each), or more than 100,000 lines; OutOfMemory for a window too large; DivisionByZero for a step of 0;
+/// InputPastEnd, TypeMismatch as above.
 PiczaScan ReadPiczaScan(const std::string& path, const std::function<void()>& beforeLine);
 
 /// Writes the points that were scanned, as records x, y, z in map units.

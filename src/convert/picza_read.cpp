@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "basis/failure.h"
 #include "basis/field_reader.h"
@@ -53,7 +55,7 @@ void ReadScanLines(FieldReader& reader, const std::string& path, const NewLine& 
     for (std::string_view field = reader.ReadToken(); field != "E"; field = reader.ReadToken()) {
         if (field == "S") {
             newLine();
-            field = reader.ReadToken();
+            continue;
         }
         const double x = NumberOfFirstField(field, path);
         const double y = reader.ReadNumber();
@@ -79,6 +81,15 @@ int CountPlaces(double low, double high, double step) {
 
 [[noreturn]] void FailAtPlace(const std::string& path) {
     throw Failure(FailureKind::SubscriptOutOfRange, path + ": more points than its window has places for");
+}
+
+/// A window has a place at least, and a record for each place, with one row and one column over, has to fit the memory.
+void RequirePlaces(const PiczaScan& scan, const std::string& path) {
+    if (scan.Cols < 1 || scan.Rows < 1) throw Failure(FailureKind::SubscriptOutOfRange, path + ": its window is empty");
+    const std::uint64_t records =
+        (static_cast<std::uint64_t>(scan.Cols) + 1) * (static_cast<std::uint64_t>(scan.Rows) + 1);
+    constexpr std::uint64_t most = std::numeric_limits<std::uint64_t>::max() / sizeof(CloudPoint);
+    RequireMemory(std::min(records, most) * sizeof(CloudPoint), path);
 }
 
 }  // namespace
@@ -112,6 +123,7 @@ PiczaScan ReadPiczaScan(const std::string& path, const std::function<void()>& be
     scan.Head = ReadHead(reader);
     scan.Cols = CountPlaces(scan.Head.X0, scan.Head.X1, scan.Head.XStep);
     scan.Rows = CountPlaces(scan.Head.Y0, scan.Head.Y1, scan.Head.YStep);
+    RequirePlaces(scan, path);
     SeekLine(reader, "L");
     reader.ReadLine();
     const auto newLine = [&] {
@@ -135,8 +147,6 @@ void WriteScannedPoints(FileTable& files, const std::string& path, const PiczaSc
 }
 
 void WriteAllPlaces(FileTable& files, const std::string& path, const PiczaScan& scan, double unit) {
-    if (scan.Cols < 1 || scan.Rows < 1) throw Failure(FailureKind::SubscriptOutOfRange, path);
-    RequireMemory(static_cast<std::uint64_t>(scan.Cols) * sizeof(double), path);
     static const std::vector<CloudPoint> none;
     std::vector<double> heights(static_cast<std::size_t>(scan.Cols));
     double last = 0;

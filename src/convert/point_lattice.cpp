@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <filesystem>
+#include <system_error>
 
 #include "basis/failure.h"
 #include "basis/field_reader.h"
@@ -16,20 +18,29 @@ namespace {
 
 constexpr double kBlankFrom = 1e38;
 
-/// Where the axis that runs slowest changes first, and by how much; `fast` is the step of the other.
+/// Where the slower axis changes first, looking from point `from` on, and by how much; `Fast` is the other's step.
 struct FirstRun {
     std::uint64_t Count = 0;
     double Fast = 0;
     double Slow = 0;
 };
 
-FirstRun FindFirstRun(const PointCloud& points, const std::string& path, double CloudPoint::*fast,
+FirstRun FindFirstRun(const PointCloud& points, const std::string& path, std::size_t from, double CloudPoint::*fast,
                       double CloudPoint::*slow) {
     const CloudPoint& first = points.front();
-    for (std::size_t i = 1; i < points.size(); ++i) {
+    for (std::size_t i = from; i < points.size(); ++i) {
         if (points[i].*slow != first.*slow) return {i, points[1].*fast - first.*fast, points[i].*slow - first.*slow};
     }
     throw Failure(FailureKind::InputPastEnd, path);
+}
+
+/// All points; the first two have to be there.
+PointCloud ReadPoints(const std::string& path) {
+    std::error_code missing;
+    if (std::filesystem::file_size(path, missing) == 0) throw Failure(FailureKind::InputPastEnd, path);
+    PointCloud points = ReadPointText(path);
+    if (points.size() < 2) throw Failure(FailureKind::InputPastEnd, path);
+    return points;
 }
 
 void FindHeights(PointLattice& lattice, const PointCloud& points) {
@@ -62,11 +73,12 @@ double PointLattice::At(int column, int row) const {
 }
 
 LatticeReading ReadPointLattice(const std::string& path) {
-    const PointCloud points = ReadPointText(path);
-    if (points.size() < 2) throw Failure(FailureKind::InputPastEnd, path);
+    const PointCloud points = ReadPoints(path);
     const bool xFast = points[0].x != points[1].x;
-    const FirstRun run = xFast ? FindFirstRun(points, path, &CloudPoint::x, &CloudPoint::y)
-                               : FindFirstRun(points, path, &CloudPoint::y, &CloudPoint::x);
+    // The first two tell the axis; reading goes on behind them.
+    constexpr std::size_t behindTwo = 2;
+    const FirstRun run = xFast ? FindFirstRun(points, path, behindTwo, &CloudPoint::x, &CloudPoint::y)
+                               : FindFirstRun(points, path, behindTwo, &CloudPoint::y, &CloudPoint::x);
     LatticeReading reading;
     if (points.size() % run.Count != 0) {
         reading.Message = std::string("Incorrect number of lines - error in parsing ") + (xFast ? "xlines" : "ylines");
@@ -85,9 +97,8 @@ LatticeReading ReadPointLattice(const std::string& path) {
 }
 
 FileOrderHeights ReadHeightsInFileOrder(const std::string& path) {
-    const PointCloud points = ReadPointText(path);
-    if (points.size() < 2) throw Failure(FailureKind::InputPastEnd, path);
-    const FirstRun run = FindFirstRun(points, path, &CloudPoint::x, &CloudPoint::y);
+    const PointCloud points = ReadPoints(path);
+    const FirstRun run = FindFirstRun(points, path, 1, &CloudPoint::x, &CloudPoint::y);
     FileOrderHeights heights;
     heights.Cols = ToInt32(static_cast<double>(run.Count), "number of columns");
     heights.Rows = ToInt32(static_cast<double>(points.size()) / static_cast<double>(run.Count), "number of rows");

@@ -28,7 +28,7 @@ struct LatticeReading {
 
 /// Reads x, y, z records, as many as the file has lines. The first two tell which axis runs fastest: x if their x
 /// differ, else y. InputPastEnd where the other axis never changes, TypeMismatch for what isn't a number,
-/// SubscriptOutOfRange for a file without a line, OutOfMemory, and what reading a file throws.
+/// OutOfMemory, and what reading a file throws.
 LatticeReading ReadPointLattice(const std::string& path);
 
 /// The nodes of a text in file order, whatever their places.
@@ -40,7 +40,8 @@ struct FileOrderHeights {
     std::vector<double> Z;
 };
 
-/// As ReadPointLattice for a text whose x runs fastest and whose first change of y ends the first row.
+/// As ReadPointLattice for a text whose x runs fastest and whose first change of y ends the first row. The number of
+/// rows is rounded; SubscriptOutOfRange if the points don't fill them.
 FileOrderHeights ReadHeightsInFileOrder(const std::string& path);
 
 }  // namespace crownlab

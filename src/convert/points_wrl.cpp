@@ -8,6 +8,8 @@
 namespace crownlab {
 namespace {
 
+std::string Decimals(double value, int decimals) { return RecordText(RoundDecimals(value, decimals)); }
+
 void WriteLines(ResultFile& file, std::initializer_list<const char*> lines) {
     for (const char* line : lines) file.Line(line);
 }
@@ -34,11 +36,11 @@ void WriteSurfaceScene(ResultFile& file, const PointLattice& lattice) {
                       "  groundColor [ 1 1 1, 1 1 1 ]", "  groundAngle 1.57 }", ""});
     vrml::WriteDirectionalLight(file, "-1 -1 -1", "0.25");
     file.Line();
-    vrml::WriteViewpoint(file, "Start",
-                         {vrml::Number((lattice.Cols - 1) * lattice.XSpacing / 2, decimals),
-                          vrml::Number(heights * lattice.ZMax, decimals),
-                          vrml::Number((lattice.Rows - 1) * lattice.YSpacing / 2, decimals)},
-                         "0 0.707 0.707 3.141");
+    vrml::WriteViewpoint(
+        file, "Start",
+        {Decimals((lattice.Cols - 1) * lattice.XSpacing / 2, decimals), Decimals(heights * lattice.ZMax, decimals),
+         Decimals((lattice.Rows - 1) * lattice.YSpacing / 2, decimals)},
+        "0 0.707 0.707 3.141");
     file.Line();
 }
 
@@ -50,8 +52,8 @@ void WriteSurfaceFileWrl(FileTable& files, const std::string& path, const PointL
     ResultFile file(files, path);
     vrml::WriteHeader(file, subject);
     WriteSurfaceScene(file, lattice);
-    WriteModelStart(file, "   scale 1 1 1 #um", lattice.Cols, lattice.Rows, vrml::Number(lattice.XSpacing, decimals),
-                    vrml::Number(lattice.YSpacing, decimals));
+    WriteModelStart(file, "   scale 1 1 1 #um", lattice.Cols, lattice.Rows, Decimals(lattice.XSpacing, decimals),
+                    Decimals(lattice.YSpacing, decimals));
     for (int row = 1; row <= lattice.Rows; ++row) {
         for (int column = 1; column <= lattice.Cols; ++column) file.PrintNumber(lattice.At(column, row));
         file.EndLine();
@@ -69,8 +71,8 @@ void WriteImageWrl(FileTable& files, const std::string& path, const FileOrderHei
                       "  groundColor [", "    1 1 1,", "    1 1 1 ]", "  groundAngle 1.57 }", ""});
     vrml::WriteDirectionalLight(file, "1 0 0", "0.5");
     file.Line();
-    WriteModelStart(file, "   scale 0.01 0.01 0.01", heights.Cols, heights.Rows, GeneralText(heights.XSpacing),
-                    GeneralText(heights.YSpacing));
+    WriteModelStart(file, "   scale 0.01 0.01 0.01", heights.Cols, heights.Rows, RecordText(heights.XSpacing),
+                    RecordText(heights.YSpacing));
     std::size_t next = 0;
     for (int row = 0; row < heights.Rows; ++row) {
         for (int column = 0; column < heights.Cols; ++column) {

@@ -18,6 +18,19 @@ CloudPoint ReadNode(FieldReader& reader) {
     return {x, y, reader.ReadNumber()};
 }
 
+/// Reads the nodes row after row. Columns stand on the same x in each row, mostly, and rows on one y.
+void ReadNodes(FieldReader& reader, Lattice& lattice) {
+    std::vector<FieldReader::LastField> x(static_cast<std::size_t>(lattice.Cols));
+    FieldReader::LastField y;
+    for (int j = 0; j < lattice.Rows; ++j) {
+        for (FieldReader::LastField& column : x) {
+            const double nodeX = reader.ReadNumber(column);
+            const double nodeY = reader.ReadNumber(y);
+            lattice.Nodes.push_back({nodeX, nodeY, reader.ReadNumber()});
+        }
+    }
+}
+
 /// Nodes of the first row: those up to the first change of y.
 std::uint64_t CountFirstRow(const FileText& text, const std::string& path) {
     FieldReader reader(text.View(), path);
@@ -40,8 +53,9 @@ Lattice ReadLattice(const std::string& path) {
     const std::uint64_t count = columns * static_cast<std::uint64_t>(lattice.Rows);
     RequireMemory(count * sizeof(CloudPoint), path);
     lattice.Nodes.reserve(count);
+    HintLargePages(lattice.Nodes.data(), count * sizeof(CloudPoint));
     FieldReader reader(text.View(), path);
-    for (std::uint64_t i = 0; i < count; ++i) lattice.Nodes.push_back(ReadNode(reader));
+    ReadNodes(reader, lattice);
     return lattice;
 }
 

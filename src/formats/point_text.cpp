@@ -47,7 +47,14 @@ PointCloud ReadPointText(const std::string& path) {
     const std::size_t count = CountPoints(file.View(), path);
     PointCloud points = RoomFor<CloudPoint>(count, path);
     FieldReader reader(file.View(), path);
-    for (std::size_t i = 0; i < count; ++i) points.push_back(ReadPoint(reader));
+    // Along a row or a column of a lattice one of the coordinates stays.
+    FieldReader::LastField lastX;
+    FieldReader::LastField lastY;
+    for (std::size_t i = 0; i < count; ++i) {
+        const double x = reader.ReadNumber(lastX);
+        const double y = reader.ReadNumber(lastY);
+        points.push_back({x, y, reader.ReadNumber()});
+    }
     return points;
 }
 

@@ -171,5 +171,30 @@ TEST(CountLines, AgreesWithReadingLineByLine) {
     }
 }
 
+TEST(FieldReader, RepeatedFieldsReadTheSame) {
+    FieldReader reader("1.5 1.5,1.50 1.5\r\n1.5\t1.55 1.5 -2 x", "a.txt");
+    FieldReader::LastField last;
+    for (const double expected : {1.5, 1.5, 1.5, 1.5, 1.5, 1.55, 1.5, -2.0})
+        EXPECT_EQ(reader.ReadNumber(last), expected);
+    EXPECT_TRUE(FailsWith(FailureKind::TypeMismatch, [&] { reader.ReadNumber(last); }));
+    EXPECT_EQ(last.Value, -2);
+    FieldReader atEnd("7 7", "a.txt");
+    FieldReader::LastField seven;
+    EXPECT_EQ(atEnd.ReadNumber(seven), 7);
+    EXPECT_EQ(atEnd.ReadNumber(seven), 7);
+    EXPECT_TRUE(FailsWith(FailureKind::InputPastEnd, [&] { atEnd.ReadNumber(seven); }));
+    FieldReader wrong("7 7x", "a.txt");
+    EXPECT_EQ(wrong.ReadNumber(seven), 7);
+    EXPECT_TRUE(FailsWith(FailureKind::TypeMismatch, [&] { wrong.ReadNumber(seven); }));
+}
+
+TEST(CountLines, CountsEveryKindOfLineEnd) {
+    EXPECT_EQ(CountLines("a\r\nb\rc\nd"), 4u);
+    EXPECT_EQ(CountLines("\r\r\n\n\r"), 4u);
+    EXPECT_EQ(CountLines("\n"), 1u);
+    EXPECT_EQ(CountLines("\r"), 1u);
+    EXPECT_EQ(CountLines("x"), 1u);
+}
+
 }  // namespace
 }  // namespace crownlab

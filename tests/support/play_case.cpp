@@ -10,8 +10,9 @@
 //   arguments         further words of the command line, one a line; those that start with -- come first
 //   environment       NAME=VALUE, one a line
 // and whatever files the script works on. The script finds the path of the copy as $HERE, and where that path
-// stands in what comes out, the expected files have $HERE. --accept writes the three expected files from what came out:
-// look at them before they are kept.
+// stands in what comes out, the expected files have $HERE. A file NAME.here becomes NAME in the copy, with the path of
+// the copy for each $HERE in it: outputs can name where they come from. --accept writes the three expected files from
+// what came out: look at them before they are kept.
 
 #include <algorithm>
 #include <cstdio>
@@ -20,6 +21,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #ifndef _WIN32
@@ -126,11 +128,30 @@ void Accept(const fs::path& folder, const std::string& out, const std::string& e
     if (status != 0) std::ofstream(folder / "expected.status", std::ios::binary) << status << '\n';
 }
 
+/// Names the case's own folder in the files that are to know it.
+void FillInFolder(const fs::path& folder) {
+    std::vector<fs::path> templates;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
+        if (entry.path().extension() == ".here") templates.push_back(entry.path());
+    }
+    constexpr std::string_view name = "$HERE";
+    for (const fs::path& path : templates) {
+        std::string text = ReadFile(path);
+        for (std::size_t at = text.find(name); at != std::string::npos; at = text.find(name, at)) {
+            text.replace(at, name.size(), folder.string());
+            at += folder.string().size();
+        }
+        std::ofstream(fs::path(path).replace_extension(), std::ios::binary) << text;
+        fs::remove(path);
+    }
+}
+
 int RunCase(const std::string& player, const fs::path& source, const fs::path& work, bool accept) {
     fs::remove_all(work);
     fs::create_directories(work.parent_path());
     fs::copy(source, work, fs::copy_options::recursive);
     for (const char* const expected : {"expected.out", "expected.err", "expected.status"}) fs::remove(work / expected);
+    FillInFolder(work);
     // Beside the copy, so that the script's own listings don't show them.
     const fs::path out = work.string() + ".out";
     const fs::path err = work.string() + ".err";
