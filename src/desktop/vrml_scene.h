@@ -5,7 +5,8 @@
 #include <memory>
 #include <string>
 
-class SoSeparator;
+// The scene library's own: its nodes count their references, so none is deleted from outside.
+class SoSeparator;  // NOLINT(cppcoreguidelines-virtual-class-destructor)
 
 namespace crownlab {
 
