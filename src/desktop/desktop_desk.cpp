@@ -34,7 +34,10 @@ void ServeEvents(QEventLoop::ProcessEventsFlags which) {
 }  // namespace
 
 DesktopDesk::DesktopDesk(FormWindow::LayoutMaker layout, std::function<void(int)> finish)
-    : layout_(std::move(layout)), finish_(std::move(finish)) {}
+    : layout_(std::move(layout)), finish_(std::move(finish)) {
+    afterClosing_.setSingleShot(true);
+    QObject::connect(&afterClosing_, &QTimer::timeout, [this] { EndIfNothingIsLeft(); });
+}
 
 DesktopDesk::~DesktopDesk() {
     for (const QPointer<SideWindow>& window : sideWindows_) {
@@ -150,11 +153,7 @@ void DesktopDesk::End(int status) {
 void DesktopDesk::Adopt(SideWindow& window) {
     std::erase_if(sideWindows_, [](const QPointer<SideWindow>& known) { return known == nullptr; });
     sideWindows_.emplace_back(&window);
-    window.OnClosed = [this] {
-        // Once it is out of its own event.
-        QMetaObject::invokeMethod(
-            &guard_, [this] { EndIfNothingIsLeft(); }, Qt::QueuedConnection);
-    };
+    window.OnClosed = [this] { afterClosing_.start(0); };
 }
 
 /// Closes what stands beside the forms. False if one of them asks the person first what to do with unsaved work.

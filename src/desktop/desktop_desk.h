@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QPointer>
+#include <QTimer>
 #include <functional>
 #include <map>
 #include <memory>
@@ -109,6 +110,7 @@ private:
     std::vector<std::pair<const Form*, QEventLoop*>> modal_;
     InputGuard guard_;
     std::vector<QPointer<SideWindow>> sideWindows_;
+    QTimer afterClosing_;  ///< looks what is left once a window beside the forms is out of its closing event
     MapWindows maps_{[this](SideWindow& window) { Adopt(window); }};
     QPointer<FormWindow> acting_;  ///< the form in which a person acted last
     CallProgress progress_;

@@ -1,8 +1,6 @@
 // The map window: its parts and what it shows. Points and files: map_window_files.cpp.
 #include "desktop/map_window.h"
 
-#include <Inventor/nodes/SoSeparator.h>
-
 #include <QActionGroup>
 #include <QFileInfo>
 #include <QLabel>
@@ -292,7 +290,7 @@ void MapWindow::UpdateSurface(bool keepsView) {
     surfaceFactor_ = look.HeightFactor;
     SoSeparator* const model = MakeSurfaceModel(*grid_, look.Palette, look.HeightFactor);
     surfaceWasShown_ = space_->ShowModel(*model, keepsView);
-    model->unref();
+    ReleaseModel(*model);
     surfaceIsOld_ = false;
 }
 

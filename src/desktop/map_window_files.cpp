@@ -144,7 +144,7 @@ void MapWindow::WhenPointsAreSafe(const std::function<void()>& then) {
 bool MapWindow::MayClose() {
     if (points_.IsSaved()) return true;
     // Once the question's own event is over.
-    WhenPointsAreSafe([this] { QTimer::singleShot(0, this, [this] { close(); }); });
+    WhenPointsAreSafe([this] { QTimer::singleShot(0, this, SLOT(close())); });
     return false;
 }
 

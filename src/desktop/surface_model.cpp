@@ -20,7 +20,6 @@
 #include <string>
 #include <vector>
 
-#include "desktop/vrml_scene.h"
 #include "mapengine/axis_ticks.h"
 
 namespace crownlab {

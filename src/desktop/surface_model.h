@@ -1,9 +1,8 @@
 #pragma once
 
+#include "desktop/vrml_scene.h"
 #include "mapengine/grid.h"
 #include "mapengine/height_colours.h"
-
-class SoSeparator;
 
 namespace crownlab {
 
@@ -13,7 +12,7 @@ inline constexpr int kMostSurfaceNodes = 400;
 /// The surface of a grid as a scene: a mesh in the colours of its heights, on a frame at its lowest height with round
 /// numbers along x and y. Triangles stand where three nodes of a cell have heights. The longer side is 10 units,
 /// heights in the same scale times `heightFactor`; it is looked at from the front above. The caller holds the only
-/// reference.
+/// reference, see ReleaseModel.
 SoSeparator* MakeSurfaceModel(const Grid& grid, MapPalette palette, double heightFactor);
 
 }  // namespace crownlab

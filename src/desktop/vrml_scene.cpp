@@ -74,6 +74,8 @@ void SetUpCoin() {
     (void)done;
 }
 
+void ReleaseModel(SoSeparator& model) { model.unref(); }
+
 struct VrmlScene::Coin {
     SoSeparator* Root = new SoSeparator;
     SoPerspectiveCamera* Camera = new SoPerspectiveCamera;

@@ -5,12 +5,16 @@
 #include <memory>
 #include <string>
 
-class SoSeparator;
+// The scene library's own: its nodes count their references, so none is deleted from outside.
+class SoSeparator;  // NOLINT(cppcoreguidelines-virtual-class-destructor)
 
 namespace crownlab {
 
 /// Sets the scene library up, once in the process. Needed before any of its nodes is made.
 void SetUpCoin();
+
+/// Gives up a reference to a scene made in memory; with the last one it goes.
+void ReleaseModel(SoSeparator& model);
 
 /// A VRML file, or a scene made in memory, with a camera that looks at it. Needs no OpenGL until it is drawn.
 class VrmlScene {

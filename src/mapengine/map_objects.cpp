@@ -60,7 +60,7 @@ std::string LineStyleValue(const Value& value) {
     for (const char* const style : {"Solid", "Invisible"}) {
         if (EqualNoCase(text, style)) return style;
     }
-    FailCall("\"" + text + "\" is no style of a line; there are \"Solid\" and \"Invisible\"");
+    FailCall("\"" + text + R"(" is no style of a line; there are "Solid" and "Invisible")");
 }
 
 }  // namespace

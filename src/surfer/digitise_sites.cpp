@@ -70,7 +70,7 @@ std::span<const DigitiseSite> DigitiseSites() { return kSites; }
 
 DigitiseStep MakeDigitiseStep(std::string_view window, std::string_view what, const std::string& folder,
                               const std::string& base, int number) {
-    const auto site = std::find_if(kSites.begin(), kSites.end(), [&](const DigitiseSite& candidate) {
+    const auto* const site = std::find_if(kSites.begin(), kSites.end(), [&](const DigitiseSite& candidate) {
         return candidate.Window == window && candidate.What == what;
     });
     if (site == kSites.end()) throw Failure(FailureKind::ObjectNotSet, std::string(window) + "." + std::string(what));

@@ -34,7 +34,7 @@ void Pause(Desk& desk) {
 
 std::string CaptureReport(Services& app, const std::string& dir, const std::string& tag) {
     Desk& desk = *app.Screen;
-    const std::string target = dir + "Report" + tag + ".txt";
+    std::string target = dir + "Report" + tag + ".txt";
     if (!IsFile(target)) WriteWholeFile(*app.Files, target, "junk\r\n");
     // Away from Crownlab and back: the program's windows come to know which one is in front. Waiting events run
     // after each step.

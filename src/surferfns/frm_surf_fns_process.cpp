@@ -42,7 +42,7 @@ std::string MirrorFile(FrmSurfFns& form, BatchFile& file) {
 std::string RotateFile(FrmSurfFns& form, BatchFile& file) {
     constexpr int quarter = 90;
     const int quarters = form.optRotate90.Selected ? 1 : form.optRotate180.Selected ? 2 : 3;
-    const std::string suffix = "r" + std::to_string(quarters * quarter);
+    std::string suffix = "r" + std::to_string(quarters * quarter);
     RotateGrid(SessionOf(form), file.InputPath, -quarters * quarter, NameOutput(file, suffix));
     return suffix;
 }
@@ -74,7 +74,7 @@ std::string TerrainFile(FrmSurfFns& form, BatchFile& file) {
     constexpr double halfTurn = 180;
     const Session& session = SessionOf(form);
     const Terrain terrain = form.cmbProcess.Text() == "Terrain slope" ? Terrain::Slope : Terrain::Aspect;
-    const std::string suffix = TerrainSuffix(form, session, terrain);
+    std::string suffix = TerrainSuffix(form, session, terrain);
     NameOutput(file, suffix);
     if (terrain == Terrain::Slope) {
         TerrainSlope(session, file.InputPath, file.OutputPath);

@@ -15,8 +15,12 @@ TEST(BilinearHeights, AreBilinear) {
     const auto height = [](double x, double y) { return 3 + 2 * x - y + 0.5 * x * y; };
     const GridGeometry shape{.Columns = 7, .Rows = 4, .XMin = -3, .XMax = 2, .YMin = 10, .YMax = 11};
     const Grid grid = GridOf(shape, height);
-    for (double x = -3; x <= 2; x += 0.17) {
-        for (double y = 10; y <= 11; y += 0.09) EXPECT_NEAR(BilinearHeight(grid, x, y), height(x, y), 1e-12);
+    for (int i = 0; i < 30; ++i) {
+        const double x = -3 + 0.17 * i;
+        for (int j = 0; j < 12; ++j) {
+            const double y = 10 + 0.09 * j;
+            EXPECT_NEAR(BilinearHeight(grid, x, y), height(x, y), 1e-12);
+        }
     }
     EXPECT_EQ(BilinearHeight(grid, 2, 11), grid.At(6, 3));
     EXPECT_EQ(BilinearHeight(grid, -3, 10), grid.At(0, 0));
