@@ -55,7 +55,7 @@ protected:
     }
     /// Cells of the open report, as a tool sees them once its keys have saved it.
     std::string ReportText() {
-        const std::string path = folder_ / "Report1.txt";
+        std::string path = folder_ / "Report1.txt";
         EXPECT_TRUE(engine_.ActivateWindow("Surfer - "));
         engine_.SendKeys("%fs" + path + "~");
         engine_.SendKeys("y");
