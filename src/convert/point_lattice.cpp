@@ -86,7 +86,8 @@ LatticeReading ReadPointLattice(const std::string& path) {
     }
     PointLattice& lattice = reading.Lattice;
     const int fast = ToInt32(static_cast<double>(run.Count), "nodes in a line");
-    const int slow = ToInt32(static_cast<double>(points.size() / run.Count), "number of lines");
+    const std::size_t lineCount = points.size() / run.Count;
+    const int slow = ToInt32(static_cast<double>(lineCount), "number of lines");
     lattice.Cols = xFast ? fast : slow;
     lattice.Rows = xFast ? slow : fast;
     FindHeights(lattice, points);

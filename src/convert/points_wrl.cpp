@@ -31,7 +31,7 @@ void WriteModelStart(ResultFile& file, const std::string& scaleLine, int cols, i
 void WriteSurfaceScene(ResultFile& file, const PointLattice& lattice) {
     constexpr int decimals = 3;
     constexpr double heights = 2.5;
-    WriteLines(file, {"NavigationInfo {", "  type [    \"EXAMINE\",\"ANY\" ] }", "",
+    WriteLines(file, {"NavigationInfo {", R"(  type [    "EXAMINE","ANY" ] })", "",
                       "Background { skyColor [ 1 1 1, 1 1 1, 1 1 1 ]", "  skyAngle [ 1.309, 1.571 ]",
                       "  groundColor [ 1 1 1, 1 1 1 ]", "  groundAngle 1.57 }", ""});
     vrml::WriteDirectionalLight(file, "-1 -1 -1", "0.25");

@@ -46,7 +46,7 @@ Lattice ReadLattice(const std::string& path) {
     const FileText text = ReadFileText(path);
     const std::uint64_t columns = CountFirstRow(text, path);
     if (columns > std::numeric_limits<std::int32_t>::max()) throw Failure(FailureKind::Overflow, "number of columns");
-    const double lines = static_cast<double>(CountLines(text.View()));
+    const auto lines = static_cast<double>(CountLines(text.View()));
     Lattice lattice;
     lattice.Cols = static_cast<int>(columns);
     lattice.Rows = ToInt16(lines / static_cast<double>(columns), "number of rows");

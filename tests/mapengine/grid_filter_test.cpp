@@ -25,7 +25,8 @@ FilterWeights Weights(int filter, int n, double alpha, const GridGeometry& shape
 
 double LiteralWeight(int filter, int n, double alpha, int i, int j) {
     const double d = std::hypot(i, j);
-    const double r = (n - 1) / 2;
+    const int half = (n - 1) / 2;
+    const double r = half;
     const auto inWindow = [&](int reach) { return std::abs(i) <= reach && std::abs(j) <= reach; };
     const auto by = [&](double centre, double side, double corner) {
         if (!inWindow(1)) return 0.0;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "basis/number_text.h"
 #include "support/expect_failure.h"
 #include "support/random_numbers.h"
 #include "support/temp_folder.h"
@@ -22,7 +23,7 @@ protected:
         for (int row = 1; row <= kRows; ++row) {
             for (int column = 1; column <= kColumns; ++column) {
                 const bool there = std::find(nodes.begin(), nodes.end(), std::pair{column, row}) != nodes.end();
-                text += "0 0 " + (there ? std::to_string(height) : std::string("1.70141E+38")) + "\r\n";
+                text += "0 0 " + (there ? RecordText(height) : std::string("1.70141E+38")) + "\r\n";
             }
         }
         PutFile("nodes.dat", text);
