@@ -10,6 +10,7 @@
 #include <type_traits>
 
 #include "basis/failure.h"
+#include "basis/rounding.h"
 
 namespace crownlab {
 namespace {
@@ -268,5 +269,28 @@ NumberPrefix ParseNumberPrefix(std::string_view text) {
 }
 
 double TextBoxNumber(std::string_view text) { return ParseNumberPrefix(text).Value; }
+
+char* AppendRoundedText(char* buffer, double value, int decimals) {
+    constexpr double exactBelow = 1e15;
+    constexpr std::array<long long, 7> powers{1, 10, 100, 1'000, 10'000, 100'000, 1'000'000};
+    const long long power = powers.at(static_cast<std::size_t>(decimals));
+    const double scaled = value * static_cast<double>(power);
+    if (!(scaled < exactBelow && scaled > -exactBelow)) {
+        return AppendRecordText(buffer, RoundDecimals(value, decimals));
+    }
+    const auto units = static_cast<long long>(RoundHalfEven(scaled));
+    if (units == 0) return AppendRecordText(buffer, 0LL);
+    if (units < 0) *buffer++ = '-';
+    const long long whole = units < 0 ? -units : units;
+    if (whole >= power) buffer = AppendRecordText(buffer, whole / power);
+    long long rest = whole % power;
+    if (rest == 0) return buffer;
+    *buffer++ = '.';
+    for (long long place = power / 10; rest != 0; place /= 10) {
+        *buffer++ = static_cast<char>('0' + rest / place);
+        rest %= place;
+    }
+    return buffer;
+}
 
 }  // namespace crownlab

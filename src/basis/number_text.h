@@ -20,6 +20,10 @@ char* AppendRecordText(char* buffer, double value);
 /// The same for whole numbers, which is the common case of counts.
 char* AppendRecordText(char* buffer, long long value);
 
+/// Writes RecordText of `value` rounded half to even at `decimals` decimals (0 to 6) to `buffer`; returns the end. As
+/// long as the number of last decimals is exact, it is these that are written, which takes a fraction of the time.
+char* AppendRoundedText(char* buffer, double value, int decimals);
+
 /// Writes GeneralText(value) to `buffer`; returns the end.
 char* AppendGeneralText(char* buffer, double value);
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 
 #include "basis/field_reader.h"
@@ -45,8 +45,12 @@ constexpr std::size_t kLongestDecimals = 320;
 /// A number so large that it has no decimals: its 15 digits, and noughts for the others.
 char* AppendDigits(char* end, double value) {
     char text[kNumberTextMax];
-    const int length = std::snprintf(text, sizeof text, "%.14e", std::fabs(value));
-    const int exponent = std::atoi(std::find(text, text + length, 'e') + 1);
+    constexpr int decimals = 14;
+    const char* const last =
+        std::to_chars(text, text + sizeof text, std::fabs(value), std::chars_format::scientific, decimals).ptr;
+    int exponent = 0;
+    // Behind the e and its plus.
+    std::from_chars(std::find<const char*>(text, last, 'e') + 2, last, exponent);
     if (value < 0) *end++ = '-';
     *end++ = text[0];
     end = std::copy_n(text + 2, 14, end);

@@ -1,6 +1,7 @@
 #include "convert/grid_wrl.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -70,6 +71,17 @@ void WriteHead(ResultFile& file, const WrlFrame& frame, const WrlOptions& option
     vrml::WriteShapeStart(file);
 }
 
+/// A height as a print item.
+void WriteHeight(ResultFile& file, double z) {
+    std::array<char, kNumberTextMax + 2> item;
+    item[0] = ' ';
+    char* const number = item.data() + 1;
+    char* end = AppendRoundedText(number, z, kNodeDecimals);
+    *end++ = ' ';
+    const char* const first = *number == '-' ? number : item.data();
+    file.Write({first, static_cast<std::size_t>(end - first)});
+}
+
 /// Heights with a skirt of one node all round, which closes the model at its sides.
 void WriteHeights(ResultFile& file, const Lattice& lattice, const WrlFrame& frame) {
     vrml::WriteElevationGridStart(file, lattice.Cols + 2, lattice.Rows + 2, Decimals(frame.XSpacing, kNodeDecimals),
@@ -82,7 +94,7 @@ void WriteHeights(ResultFile& file, const Lattice& lattice, const WrlFrame& fram
             if (outside) {
                 file.Write(skirt);
             } else {
-                file.PrintNumber(RoundDecimals(lattice.At(i, j).z, kNodeDecimals));
+                WriteHeight(file, lattice.At(i, j).z);
             }
         }
         file.Write(skirt);
@@ -95,11 +107,11 @@ void WritePoint(ResultFile& file, const CloudPoint& node) {
     constexpr std::string_view indent = "            ";
     char line[3 * kNumberTextMax + 16];
     char* end = std::copy(indent.begin(), indent.end(), line);
-    end = AppendRecordText(end, RoundDecimals(node.x, kNodeDecimals));
+    end = AppendRoundedText(end, node.x, kNodeDecimals);
     *end++ = ' ';
-    end = AppendRecordText(end, RoundDecimals(node.z, kNodeDecimals));
+    end = AppendRoundedText(end, node.z, kNodeDecimals);
     *end++ = ' ';
-    end = AppendRecordText(end, RoundDecimals(node.y, kNodeDecimals));
+    end = AppendRoundedText(end, node.y, kNodeDecimals);
     *end++ = ',';
     file.Line({line, static_cast<std::size_t>(end - line)});
 }

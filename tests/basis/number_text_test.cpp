@@ -10,7 +10,9 @@
 #include <cstring>
 #include <limits>
 #include <string>
+#include <vector>
 
+#include "basis/rounding.h"
 #include "support/expect_failure.h"
 #include "support/random_numbers.h"
 
@@ -287,6 +289,27 @@ TEST(ScanNumber, EndsAtTheFirstCharacterThatCannotBelongToIt) {
         const char* const end = ScanNumber(all.data(), all.data() + all.size(), value);
         EXPECT_LT(end, all.data() + all.size()) << text;
         EXPECT_GT(end, all.data()) << text;
+    }
+}
+
+TEST(AppendRoundedText, WritesWhatRoundingAndRecordTextWrite) {
+    RandomNumbers random;
+    const auto text = [](double value, int decimals) {
+        std::array<char, kNumberTextMax> buffer;
+        return std::string(buffer.data(), AppendRoundedText(buffer.data(), value, decimals));
+    };
+    const std::vector<double> edges{0,     -0.0,  0.00005, 0.00015,    -0.00005, 1,           -1,
+                                    0.5,   -0.25, 9999,    99999,      0.99995,  1.70141E+38, 1e11,
+                                    -1e11, 1e15,  1e-300,  12345.6789, 100.01};
+    for (int decimals = 0; decimals <= 6; ++decimals) {
+        for (const double value : edges) {
+            EXPECT_EQ(text(value, decimals), RecordText(RoundDecimals(value, decimals))) << value;
+        }
+        for (int i = 0; i < 20'000; ++i) {
+            const double value =
+                i % 2 == 0 ? random.Mixed() : random.ShortDecimal() * static_cast<double>(random.Below(99'999)) / 7;
+            ASSERT_EQ(text(value, decimals), RecordText(RoundDecimals(value, decimals))) << value;
+        }
     }
 }
 
