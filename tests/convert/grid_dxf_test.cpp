@@ -38,7 +38,7 @@ using Corners = std::vector<CloudPoint>;
 /// The rings of the polygons that a listing holds.
 std::vector<Corners> Polygons(const std::string& listing) {
     std::vector<Corners> polygons;
-    const std::regex ring("POLYGON Z \\(\\(([^)]*)\\)\\)");
+    const std::regex ring(R"(POLYGON Z \(\(([^)]*)\)\))");
     for (std::sregex_iterator at(listing.begin(), listing.end(), ring); at != std::sregex_iterator(); ++at) {
         std::istringstream numbers(std::regex_replace((*at)[1].str(), std::regex(","), " "));
         numbers.imbue(std::locale::classic());

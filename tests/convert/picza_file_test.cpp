@@ -153,7 +153,8 @@ TEST_F(PiczaFiles, WhatIsWrittenCanBeReadToHalfAUnit) {
     const PointCloud points = ReadPointText([this] {
         // Without the empty lines between the scan lines, each of which would count as a point.
         std::string text = FileBytes(Folder / "a.csv");
-        for (std::size_t at; (at = text.find("\n\r\n")) != std::string::npos;) text.erase(at + 1, 2);
+        for (std::size_t at = text.find("\n\r\n"); at != std::string::npos; at = text.find("\n\r\n"))
+            text.erase(at + 1, 2);
         PutFile(Folder / "a.csv", text);
         return Folder / "a.csv";
     }());

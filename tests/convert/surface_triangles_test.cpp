@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ranges>
 #include <set>
 #include <string>
 #include <vector>
@@ -19,8 +20,8 @@ using Triangle = std::array<int, 3>;
 std::vector<std::int16_t> Numbers(const std::vector<std::string>& drawing) {
     std::vector<std::int16_t> numbers;
     std::int16_t next = 0;
-    for (auto row = drawing.rbegin(); row != drawing.rend(); ++row) {
-        for (const char c : *row) numbers.push_back(c == '.' ? std::int16_t{-1} : next++);
+    for (const std::string& row : drawing | std::views::reverse) {
+        for (const char c : row) numbers.push_back(c == '.' ? std::int16_t{-1} : next++);
     }
     return numbers;
 }

@@ -11,8 +11,6 @@
 namespace crownlab {
 namespace {
 
-using ::testing::ElementsAre;
-
 TEST(DigitisedTexts, AreALineAPointAndALineBetweenAreas) {
     EXPECT_EQ(DigitisedText({{{1.5, -2}, {0.1, 1e-7}}, {}, {{-0.0, 1234567.125}}}),
               "1.5,-2\r\n0.1,1e-07\r\n-1\r\n0,1234567.125\r\n");

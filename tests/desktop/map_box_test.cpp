@@ -43,15 +43,17 @@ Widget& FindIn(QWidget& window, const char* name) {
 }
 
 class DigitiseBoxes : public ::testing::Test {
+public:
+    ~DigitiseBoxes() override {
+        for (MapWindow* const map : OpenMaps()) map->Points().MarkSaved();
+    }
+
 protected:
     DigitiseBoxes() {
         WriteGrid(Session.Files, Session.Folder / "m1.grd", CrownGrid(121, 91), GridFormat::Binary32);
         WriteGrid(Session.Files, Session.Folder / "m2.grd", CrownGrid(61, 46), GridFormat::Binary32);
         Session.On("cmdRun_Click", [this] { Answers.push_back(Ask("m1.grd", "digit.dat")); });
         Session.Window();
-    }
-    ~DigitiseBoxes() override {
-        for (MapWindow* const map : OpenMaps()) map->Points().MarkSaved();
     }
     Button Ask(const std::string& grid, const std::string& file) {
         return Session.Desk.Ask({.Text = "Use 'Digitise' to outline cusp.",

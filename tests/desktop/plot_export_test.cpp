@@ -144,7 +144,7 @@ QColor ColourNear(const QImage& picture, const QRectF& part, double x, double y)
 /// Two levels side by side, two pages apart.
 std::shared_ptr<PlotDocument> TwoLevels() {
     auto document = OneMap(10, 20);
-    PlotMap& low = std::get<PlotMap>(document->Shapes[0]);
+    auto& low = std::get<PlotMap>(document->Shapes[0]);
     low.Heights = {.Low = 1, .High = 2};
     PlotMap high = MapAt(MapKind::Image, LevelGrid(2), 50, -10);
     high.Heights = {.Low = 1, .High = 2};

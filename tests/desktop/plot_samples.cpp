@@ -37,7 +37,8 @@ std::shared_ptr<PlotDocument> CrownSheet() {
     constexpr std::array kinds{MapKind::Relief, MapKind::Contour, MapKind::Image, MapKind::Surface};
     for (std::size_t slot = 0; slot < 2 * kinds.size(); ++slot) {
         const double column = static_cast<double>(slot % kinds.size()) + 1;
-        const double row = static_cast<double>(slot / kinds.size());
+        const std::size_t line = slot / kinds.size();
+        const auto row = static_cast<double>(line);
         PlotMap map = MakeMap(kinds[slot % kinds.size()], "m" + std::to_string(slot + 1) + ".grd", crown);
         map.Left = 18 * column + 10.19 - map.XLength / 2;
         map.Top -= 18 * row;

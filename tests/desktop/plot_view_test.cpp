@@ -130,8 +130,8 @@ TEST(PlotView, ContoursRunWhereTheHeightIs) {
     // Round levels of a slope from 0 to 10 over 15 units; 5 is one of them. Its number leaves a gap somewhere.
     const auto darkest = [&](double x) {
         int lightest = 255;
-        for (double y = 11; y < 19; y += 0.1) {
-            lightest = std::min(lightest, ColourOnPage(shown.View, picture, x, y).lightness());
+        for (int tenth = 110; tenth < 190; ++tenth) {
+            lightest = std::min(lightest, ColourOnPage(shown.View, picture, x, 0.1 * tenth).lightness());
         }
         return lightest;
     };
@@ -334,8 +334,9 @@ TEST(PlotView, ASheetOfManyLargeGridsIsDrawnStepByStep) {
     const Grid crown = CrownGrid(900, 700);
     for (int i = 0; i < 12; ++i) {
         // Grids of their own, as a batch has them.
+        const int row = i / 4;
         PlotMap map =
-            MapAt(i % 2 == 0 ? MapKind::Relief : MapKind::Surface, crown, 20 + 18.0 * (i % 4), 20 - 18.0 * (i / 4));
+            MapAt(i % 2 == 0 ? MapKind::Relief : MapKind::Surface, crown, 20 + 18.0 * (i % 4), 20 - 18.0 * row);
         sheet->Shapes.emplace_back(map);
     }
     Shown shown(sheet, {1400, 1000});

@@ -55,6 +55,7 @@ struct PlotSession : DesktopSession {
     std::vector<std::string> Tabs() const {
         std::vector<std::string> names;
         const auto& tabs = *Plots.findChild<QTabWidget*>();
+        names.reserve(static_cast<std::size_t>(tabs.count()));
         for (int i = 0; i < tabs.count(); ++i) names.push_back(tabs.tabText(i).toStdString());
         return names;
     }
@@ -314,7 +315,7 @@ void PlotBatch(PlotSession& session, const std::function<void()>& choose) {
 QImage ShownSheet(PlotSession& session, const char* name) {
     session.Plots.resize(1400, 950);
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&session.Plots));
-    const QImage picture = Settled(*session.Plots.View());
+    QImage picture = Settled(*session.Plots.View());
     KeepPicture(session.Plots.grab().toImage(), name);
     return picture;
 }

@@ -28,7 +28,7 @@ protected:
         for (int i = 0; i < box.count() && box.currentText() != text; ++i) QTest::keyClick(&box, Qt::Key_Down);
         ASSERT_EQ(box.currentText(), text);
     }
-    bool Has(const std::string& name) { return std::filesystem::exists(Session.Folder / name); }
+    bool Has(const std::string& name) const { return std::filesystem::exists(Session.Folder / name); }
 
     DesktopSession Session;
 };

@@ -77,6 +77,7 @@ public:
         search.setSearchingAll(TRUE);
         search.apply(root_);
         std::vector<Node*> nodes;
+        nodes.reserve(static_cast<std::size_t>(search.getPaths().getLength()));
         for (int k = 0; k < search.getPaths().getLength(); ++k) {
             nodes.push_back(static_cast<Node*>(static_cast<SoFullPath*>(search.getPaths()[k])->getTail()));
         }
