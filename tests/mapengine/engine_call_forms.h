@@ -38,7 +38,7 @@ public:
         WriteGrid(files_, Path(name), grid, GridFormat::Binary64);
         return Path(name);
     }
-    std::string PutText(const std::string& name, const std::string& text) {
+    std::string PutText(const std::string& name, const std::string& text) const {
         PutFile(Path(name), text);
         return Path(name);
     }

@@ -27,6 +27,7 @@ std::vector<SlicePlace> Slice(const Grid& grid, const std::vector<PlanePoint>& l
 
 std::vector<PlanePoint> PlacesOf(const std::vector<SlicePlace>& slice) {
     std::vector<PlanePoint> places;
+    places.reserve(slice.size());
     for (const SlicePlace& place : slice) places.push_back({place.X, place.Y});
     return places;
 }

@@ -205,7 +205,7 @@ TEST(LocalKriging, PointsTooCloseTogetherStillGiveAHeight) {
         points.push_back(twin);
     }
     EXPECT_NEAR(LocalKriging(NeighboursOf(points, 4.5, 2.25)), 4, 1e-9);
-    for (std::size_t i = 0; i < points.size(); ++i) points[i].Z = Waves(points[i].X, points[i].Y);
+    for (DataPoint& point : points) point.Z = Waves(point.X, point.Y);
     const DataPoints halves(points.begin(), points.begin() + static_cast<std::ptrdiff_t>(count));
     EXPECT_NEAR(LocalKriging(NeighboursOf(points, 4.5, 2.25)), Naive(halves, 4.5, 2.25), 1e-6);
 }

@@ -64,8 +64,11 @@ TEST(NeighbourTree, PointsOnALine) {
 // Every place of a lattice, its middles and its edges sees many points at equal distances.
 TEST(NeighbourTree, LatticeFullOfTies) {
     const DataPoints points = Numbered(LatticePoints(23, 17));
-    for (double y = -2; y <= 19; y += 0.5) {
-        for (double x = -2; x <= 25; x += 0.5) {
+    // Half steps, from two steps outside of the lattice.
+    for (int row = -4; row <= 38; ++row) {
+        for (int column = -4; column <= 50; ++column) {
+            const double x = 0.5 * column;
+            const double y = 0.5 * row;
             ExpectSameAsSort(points, x, y, 1e9);
             ExpectSameAsSort(points, x, y, 25);
         }

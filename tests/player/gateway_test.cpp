@@ -114,7 +114,7 @@ TEST_F(GatewayTest, WithoutAReportTheJunkIsWhatIsRead) {
 
 TEST_F(GatewayTest, TheProcessThatIsNamedHasToBeTheEngines) {
     App.Windows().Get<CheckBox>("frmStartup", "chkSurferPID").Checked = true;
-    TextBox& process = App.Windows().Get<TextBox>("frmStartup", "txtSurferPID");
+    auto& process = App.Windows().Get<TextBox>("frmStartup", "txtSurferPID");
     process.Text = std::to_string(getpid() + 1);
     OpenReport("1.25");
     CaptureReport(Ties, Folder / "", "1");

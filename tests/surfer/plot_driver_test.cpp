@@ -64,7 +64,7 @@ protected:
         }
     }
 
-    Lines Plot(PlotRequest request) {
+    Lines Plot(const PlotRequest& request) {
         const LateBound program = AttachSurfer(Gateway_.State, Gateway_.Windows());
         Gateway_.Trace.clear();
         // What a failure of the program would leave of the map before must not carry over.
@@ -154,11 +154,11 @@ TEST_F(PlotDriver, AnyOtherTypeHasNoMapToPlace) {
 
 /// The lines of a map in version 6.
 Lines ReliefRow(const std::string& x, const std::string& y) {
-    return {"call Application.ReliefMap(\"a.grd\", -, -, -, -, -, -, -, \"a\")",
-            "call Application.DrawText(4, 6, \"a\", \"atxt\")",
-            "call Application.Select(\"atxt\")",
+    return {R"(call Application.ReliefMap("a.grd", -, -, -, -, -, -, -, "a"))",
+            R"(call Application.DrawText(4, 6, "a", "atxt"))",
+            R"(call Application.Select("atxt"))",
             "call Application.TransformSel(4, 2.25)",
-            "call Application.Select(\"a\", \"atxt\")",
+            R"(call Application.Select("a", "atxt"))",
             "call Application.TransformSel(" + x + ", " + y + ")",
             "call Application.Deselect()"};
 }

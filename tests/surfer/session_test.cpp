@@ -12,7 +12,6 @@ namespace crownlab {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 class SessionTest : public ::testing::Test {
 protected:
