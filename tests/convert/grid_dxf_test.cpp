@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <locale>
-#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -28,8 +28,10 @@ std::string OgrInfo(const TempFolder& folder, const std::string& words) {
     const std::string command = "ogrinfo " + words + " > out.txt 2> err.txt";
     EXPECT_EQ(std::system(command.c_str()), 0) << command << "\n(Debian package gdal-bin)";
     // It closes the ring of each face itself, and says so, whoever wrote the drawing.
-    const std::regex closed("Warning 1: Non closed ring detected[^\n]*\n");
-    EXPECT_EQ(std::regex_replace(FileBytes(folder / "err.txt"), closed, ""), "");
+    std::istringstream complaints(FileBytes(folder / "err.txt"));
+    for (std::string line; std::getline(complaints, line);) {
+        EXPECT_TRUE(line.starts_with("Warning 1: Non closed ring detected")) << line;
+    }
     return FileBytes(folder / "out.txt");
 }
 
@@ -38,9 +40,12 @@ using Corners = std::vector<CloudPoint>;
 /// The rings of the polygons that a listing holds.
 std::vector<Corners> Polygons(const std::string& listing) {
     std::vector<Corners> polygons;
-    const std::regex ring(R"(POLYGON Z \(\(([^)]*)\)\))");
-    for (std::sregex_iterator at(listing.begin(), listing.end(), ring); at != std::sregex_iterator(); ++at) {
-        std::istringstream numbers(std::regex_replace((*at)[1].str(), std::regex(","), " "));
+    const std::string ring = "POLYGON Z ((";
+    for (std::size_t at = listing.find(ring); at != std::string::npos; at = listing.find(ring, at + 1)) {
+        const std::size_t first = at + ring.size();
+        std::string text = listing.substr(first, listing.find(')', first) - first);
+        std::replace(text.begin(), text.end(), ',', ' ');
+        std::istringstream numbers(text);
         numbers.imbue(std::locale::classic());
         polygons.emplace_back();
         for (CloudPoint point; numbers >> point.x >> point.y >> point.z;) polygons.back().push_back(point);

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 #include <set>
 #include <string>
 #include <vector>
@@ -20,7 +19,8 @@ using Triangle = std::array<int, 3>;
 std::vector<std::int16_t> Numbers(const std::vector<std::string>& drawing) {
     std::vector<std::int16_t> numbers;
     std::int16_t next = 0;
-    for (const std::string& row : drawing | std::views::reverse) {
+    const std::vector<std::string> rows(drawing.rbegin(), drawing.rend());
+    for (const std::string& row : rows) {
         for (const char c : row) numbers.push_back(c == '.' ? std::int16_t{-1} : next++);
     }
     return numbers;
