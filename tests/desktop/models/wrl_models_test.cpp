@@ -39,6 +39,10 @@
 namespace crownlab {
 namespace {
 
+/// The last node of a path, hidden ones counted. The library's own way to it takes the path for an object of another
+/// type, which the sanitizer can't know.
+__attribute__((no_sanitize("vptr"))) SoNode* TailOf(SoPath* path) { return static_cast<SoFullPath*>(path)->getTail(); }
+
 constexpr double kBlank = 1.70141e38;
 
 std::vector<std::string> complaints;
@@ -79,7 +83,7 @@ public:
         std::vector<Node*> nodes;
         nodes.reserve(static_cast<std::size_t>(search.getPaths().getLength()));
         for (int k = 0; k < search.getPaths().getLength(); ++k) {
-            nodes.push_back(static_cast<Node*>(static_cast<SoFullPath*>(search.getPaths()[k])->getTail()));
+            nodes.push_back(static_cast<Node*>(TailOf(search.getPaths()[k])));
         }
         return nodes;
     }
