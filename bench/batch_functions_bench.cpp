@@ -58,8 +58,9 @@ void SlopeWithTables(benchmark::State& state) {
     const ScratchFolder folder;
     FileTable files;
     WriteGrid(files, folder.Path("a.grd"), SteepeningBand(static_cast<int>(state.range(0))), GridFormat::Binary64);
-    const std::string script = "program " + folder.Folder() + "\nfolder " + folder.Folder() +
-                               "\nopen frmSurfFns\nset frmSurfFns.chkPlotSurfer off\nset frmSurfFns.optTerrain on\n"
+    const std::string script = "program " + folder.Folder() + "\nopen frmSurfFns\nset frmSurfFns.Dir2 " +
+                               folder.Folder() +
+                               "\nset frmSurfFns.chkPlotSurfer off\nset frmSurfFns.optTerrain on\n"
                                "set frmSurfFns.File2 a.grd\npress frmSurfFns.cmdProcess\n";
     for (auto _ : state) {
         Player player(
